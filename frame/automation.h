@@ -1,0 +1,49 @@
+// The automation: scripted input, observing lines (dumps, screenshots), the
+// logs of the dump, recording. The game calls these hooks at its moments; with
+// no script, dump or record asked for they cost next to nothing.
+#pragma once
+#include <cstdint>
+#include <string>
+
+#include "frame/options.h"
+
+namespace automation {
+
+// Reads the script (throws frame::UsageError naming the line on a bad one).
+void Configure(const frame::Options& options);
+// Lines due at moment 0 that must act before the start-up handler (joy plug).
+void BeforeStartup();
+// Observing lines at moment 0: after the start-up handler, before the first frame.
+void AfterStartup();
+// Just after a frame was presented (frame moment).
+void FrameMoment();
+// Just before a control mapping reads its devices (poll moment).
+void PollMoment();
+// At the end of the run, however it ends: writes the --dump file, the recording.
+void Finish(int exitStatus);
+
+// Screen names of the frames ("loading", "intro", "menu", "play", ...).
+void EnterScreen(const char* name);
+const char* CurrentScreen();
+
+// Logs of the dump.
+void NoteSound(int index, bool played);
+void NoteSoundStop(int index);
+void NoteMusicPlay(const std::string& title, bool loop);
+void NoteMusicStop();
+void NoteMusicTempo(int percent);
+void NoteDraw(int nextKind, int nextFuse, int chargeCount, bool forced);
+void NoteFile(bool write, const std::string& name);
+void NoteMessage(const std::string& title, const std::string& text);
+void NoteBeep();
+
+// The `game` command: true once, with the request, when a game is to start
+// without the menu (at start-up) or from the menu.
+struct GameRequest {
+  int variant = 0, type = 0, level = 0, height = 0, difficulty = 0;
+};
+bool TakeGameRequest(GameRequest& out);
+// The `next` command's queue: true with the oldest queued piece.
+bool TakeQueuedPiece(int& kind, int& fuse);
+
+}  // namespace automation

@@ -1,0 +1,9 @@
+#pragma once
+
+namespace frame {
+
+// The whole program: command line, start-up handler, GameMain, ExitProgram.
+// Returns the process's exit status (0 normal, 1 after a fatal message, 2 bad usage).
+int RunProgram(int argc, char** argv);
+
+}  // namespace frame
