@@ -44,6 +44,8 @@ std::vector<Entry> ReadManifest(const std::string& filesDir) {
       e.source = list.filename().string() + ":" + std::to_string(n);
       if (!(s >> e.path >> e.kind >> e.width >> e.height >> e.generator))
         throw std::runtime_error(e.source + ": expected PATH KIND WIDTH HEIGHT GENERATOR");
+      // Paths with spaces (music titles) are written with %20.
+      for (size_t at; (at = e.path.find("%20")) != std::string::npos;) e.path.replace(at, 3, " ");
       std::string a;
       while (s >> a) e.args.push_back(a);
       entries.push_back(std::move(e));
