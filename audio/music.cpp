@@ -1,0 +1,109 @@
+#include "audio/music.h"
+
+#include <cmath>
+#include <optional>
+
+#include "frame/automation.h"
+#include "frame/paths.h"
+#include "frame/random.h"
+#include "frontend/settings.h"
+#include "platform/music_device.h"
+#include "platform/settings_store.h"
+
+namespace audio {
+
+frame::Table<std::string, 0, 50> TrackTitles = [] {
+  frame::Table<std::string, 0, 50> t;
+  t.name = "TrackTitles";
+  return t;
+}();
+int32_t MusicVolume = 500;
+std::string MusicPath;
+std::string MusicSegment;
+int16_t MusicTempo = 100;
+
+namespace {
+
+// Full scale for the synth at 0 dB. With +5 dB on top the pieces peak a
+// little under the sound effects, which are mastered to 0.4..0.85.
+constexpr double kBaseGain = 0.2;
+
+std::string BaseName(const std::string& path) {
+  const size_t slash = path.find_last_of("/\\");
+  std::string name = slash == std::string::npos ? path : path.substr(slash + 1);
+  const size_t dot = name.find_last_of('.');
+  return dot == std::string::npos ? name : name.substr(0, dot);
+}
+
+}  // namespace
+
+void FillTrackTable() {
+  static const char* const pieces[] = {
+      "** Random Music **", "Amber Sky",    "Brass Lantern",   "Cobalt Drift",    "Copper Kettle",
+      "Dawn Patrol",        "Ember Waltz",  "Falling Stars",   "Glass Harbour",   "Granite Steps",
+      "Harvest Moon",       "Iron Bridge",  "Jade Garden",     "Juniper Lane",    "Kite Festival",
+      "Lantern Parade",     "Marble Hall",  "Midnight Rail",   "Neon Tide",       "Northern Lights",
+      "Old Mill Reel",      "Paper Boats",  "Quartz Canyon",   "Rain on Tin",     "Red Balloon",
+      "Saffron Road",       "Silver Fjord", "Tin Soldiers",    "Twilight Market", "Velvet Night",
+      "Willow Creek"};
+  TrackTitles.Fill("");
+  for (int i = 0; i <= 30; ++i) TrackTitles[i] = pieces[i];
+  TrackTitles[34] = "Liftoff";
+  TrackTitles[35] = "TypeBWin";
+  TrackTitles[36] = "Works";
+  TrackTitles[37] = "Champions";
+  TrackTitles[38] = "Intro";
+  TrackTitles[39] = "Over";
+  TrackTitles[40] = "Vorrel Theme";
+}
+
+double MusicGain(int32_t volume) { return kBaseGain * std::pow(10.0, volume / 2000.0); }
+
+int32_t MusicVolumeFromText(const std::string* text) {
+  return text ? platform::NumericPrefixToInt(*text) : 500;
+}
+
+void InitAudio() {
+  const std::optional<std::string> text = platform::ReadSettingsValue("Settings", "MusicVolume");
+  MusicVolume = MusicVolumeFromText(text ? &*text : nullptr);
+  platform::OpenMusicDevice();
+  platform::SetMidiGain(MusicGain(MusicVolume));
+}
+
+void PlayMidi(const std::string& fileName, bool loop) {
+  const std::string title = BaseName(fileName);
+  automation::NoteMusicPlay(title, loop);
+  // A repeat count of 100: the piece plays 101 times and then stops.
+  platform::StartMidiFile(fileName, loop ? 101 : 1);
+  MusicSegment = title;
+}
+
+void StopMidi() {
+  automation::NoteMusicStop();
+  if (MusicSegment.empty()) return;
+  platform::StopMidiFile();
+}
+
+void SetMusicTempo(int16_t percent) {
+  automation::NoteMusicTempo(percent);
+  MusicTempo = percent;
+  platform::SetMidiTempo(percent / 100.0);
+}
+
+void ShutdownAudio() {
+  // Release, not a request of the game: the music log keeps no entry for it.
+  platform::StopMidiFile();
+  platform::CloseMusicDevice();
+}
+
+void StopMusic() { StopMidi(); }
+
+void PlayMusic(int16_t& track, bool loop) {
+  StopMusic();
+  if (frontend::Settings.MusicOn != 1) return;
+  if (track == 0) track = static_cast<int16_t>(frame::RandomInt(30, 1));
+  MusicPath = frame::DataPath("\\music\\" + TrackTitles[track] + ".mid");
+  PlayMidi(MusicPath, loop);
+}
+
+}  // namespace audio

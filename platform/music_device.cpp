@@ -1,0 +1,87 @@
+#include "platform/music_device.h"
+
+#include <SDL.h>
+#include <SDL_mixer.h>
+
+#include <cstdio>
+#include <memory>
+#include <vector>
+
+#include "frame/errors.h"
+#include "platform/music_device_synth.h"
+#include "platform/sound_device.h"
+
+namespace platform {
+namespace {
+
+std::unique_ptr<MidiSynth> synth;  // only while the mixer plays
+bool hooked = false;
+std::string started;
+int startedPlays = 0;
+double tempo = 1.0, gain = 0.0;
+
+void RenderHook(void*, Uint8* stream, int len) {
+  // The mixer opened 16-bit stereo and converts for the device.
+  synth->Render(reinterpret_cast<int16_t*>(stream), len / 4);
+}
+
+}  // namespace
+
+void OpenMusicDevice() {
+  if (synth || !SoundDeviceAudible()) return;
+  int rate = 44100, channels = 2;
+  Uint16 format = AUDIO_S16SYS;
+  Mix_QuerySpec(&rate, &format, &channels);
+  auto s = std::make_unique<MidiSynth>();
+  std::string why;
+  if (!s->Open(rate, DefaultSoundFonts(), why)) {
+    std::fprintf(stderr, "vorrel: %s; the game runs without music\n", why.c_str());
+    return;
+  }
+  s->SetTempo(tempo);
+  s->SetGain(gain);
+  synth = std::move(s);
+  Mix_HookMusic(RenderHook, nullptr);
+  hooked = true;
+}
+
+void CloseMusicDevice() {
+  if (hooked) Mix_HookMusic(nullptr, nullptr);  // waits out a running callback
+  hooked = false;
+  synth.reset();
+  started.clear();
+  startedPlays = 0;
+}
+
+bool MusicDeviceAudible() { return synth != nullptr; }
+
+void StartMidiFile(const std::string& path, int plays) {
+  StopMidiFile();
+  std::vector<uint8_t> bytes;
+  std::string why;
+  if (!ReadMidiFile(path, bytes, why)) frame::Fail(path + ": " + why);
+  if (synth) synth->Start(bytes, plays);
+  started = path;
+  startedPlays = plays;
+}
+
+void StopMidiFile() {
+  if (synth) synth->Stop();
+  started.clear();
+  startedPlays = 0;
+}
+
+void SetMidiTempo(double factor) {
+  tempo = factor;
+  if (synth) synth->SetTempo(factor);
+}
+
+void SetMidiGain(double g) {
+  gain = g;
+  if (synth) synth->SetGain(g);
+}
+
+const std::string& MidiFileStarted() { return started; }
+int MidiFilePlays() { return startedPlays; }
+
+}  // namespace platform

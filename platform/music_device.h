@@ -1,0 +1,30 @@
+// The music device: MIDI files synthesised into the sound mixer's music
+// stream. With no mixer (headless, no audio device) or no soundfont, the
+// silent music device stands in: it checks every file as the real one does
+// and remembers what it was asked to play.
+#pragma once
+#include <string>
+
+namespace platform {
+
+// After OpenSoundDevice: synthesises when the mixer plays, otherwise silent.
+// No soundfont: one line on stderr, then silent.
+void OpenMusicDevice();
+void CloseMusicDevice();
+bool MusicDeviceAudible();
+
+// Stops the piece before at once, then starts the file; plays: how many
+// times it plays in a row. A missing file or one that is not a sound standard
+// MIDI file throws frame::GameFault naming it (the old piece stays stopped).
+void StartMidiFile(const std::string& path, int plays);
+void StopMidiFile();
+// Tempo factor (1.0 normal) and gain: the synth keeps them for every piece.
+void SetMidiTempo(double factor);
+void SetMidiGain(double gain);
+
+// The file last started and not stopped since ("" when none), and how many
+// plays it was given.
+const std::string& MidiFileStarted();
+int MidiFilePlays();
+
+}  // namespace platform

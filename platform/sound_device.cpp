@@ -1,0 +1,111 @@
+#include "platform/sound_device.h"
+
+#include <SDL.h>
+#include <SDL_mixer.h>
+
+#include <array>
+#include <cstdio>
+
+#include "frame/errors.h"
+
+namespace platform {
+namespace {
+
+struct Slot {
+  bool loaded = false;
+  Mix_Chunk* chunk = nullptr;  // only with the real mixer
+  uint32_t starts = 0;
+};
+
+std::array<Slot, kSoundSlots> slots;
+bool mixerOpen = false;
+
+Slot& At(int slot) {
+  if (slot < 0 || slot >= kSoundSlots) frame::Fail("sound slot " + std::to_string(slot));
+  return slots[static_cast<size_t>(slot)];
+}
+
+bool OpenMixer(std::string& why) {
+  if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return why = SDL_GetError(), false;
+  // No format changes allowed: SDL converts, so the music renderer can rely on
+  // 44.1 kHz stereo 16-bit.
+  if (Mix_OpenAudioDevice(44100, AUDIO_S16SYS, 2, 1024, nullptr, 0) != 0) {
+    why = Mix_GetError();
+    SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    return false;
+  }
+  // Channel = sound index: a slot never overlaps itself, different slots mix.
+  Mix_AllocateChannels(kSoundSlots);
+  return true;
+}
+
+}  // namespace
+
+void OpenSoundDevice(bool silent) {
+  if (mixerOpen || silent) return;
+  std::string why;
+  mixerOpen = OpenMixer(why);
+  if (!mixerOpen) std::fprintf(stderr, "vorrel: no audio device (%s); the game runs silent\n", why.c_str());
+}
+
+void CloseSoundDevice() {
+  for (Slot& s : slots) {
+    if (s.chunk) {
+      if (mixerOpen) Mix_HaltChannel(static_cast<int>(&s - slots.data()));
+      Mix_FreeChunk(s.chunk);
+    }
+    s = Slot{};
+  }
+  if (mixerOpen) {
+    Mix_CloseAudio();
+    SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    mixerOpen = false;
+  }
+}
+
+bool SoundDeviceAudible() { return mixerOpen; }
+
+void LoadSoundSlot(int slot, const std::string& path) {
+  Slot& s = At(slot);
+  // Both mixers check the file the same way, so headless and windowed runs
+  // accept and refuse the same files.
+  std::string why;
+  if (!CheckWaveFile(path, why)) frame::Fail(path + ": " + why);
+  Mix_Chunk* chunk = nullptr;
+  if (mixerOpen) {
+    chunk = Mix_LoadWAV(path.c_str());
+    if (!chunk) frame::Fail(path + ": " + Mix_GetError());
+  }
+  if (s.chunk) {
+    Mix_HaltChannel(slot);
+    Mix_FreeChunk(s.chunk);
+  }
+  s = Slot{true, chunk, 0};
+}
+
+bool SoundSlotLoaded(int slot) { return At(slot).loaded; }
+
+int SoundSlotsLoaded() {
+  int n = 0;
+  for (const Slot& s : slots) n += s.loaded ? 1 : 0;
+  return n;
+}
+
+void PlaySoundSlot(int slot) {
+  Slot& s = At(slot);
+  if (!s.loaded) return;
+  ++s.starts;
+  if (!s.chunk) return;
+  Mix_HaltChannel(slot);
+  if (Mix_PlayChannel(slot, s.chunk, 0) < 0) frame::Fail(std::string("Mix_PlayChannel: ") + Mix_GetError());
+}
+
+void StopSoundSlot(int slot) {
+  Slot& s = At(slot);
+  // A halted chunk restarts from its beginning: that is the rewind.
+  if (s.chunk) Mix_HaltChannel(slot);
+}
+
+uint32_t SoundSlotStarts(int slot) { return At(slot).starts; }
+
+}  // namespace platform
