@@ -21,7 +21,7 @@ struct Surface {
   uint16_t ColourKey = 0;
   bool HasClipper = false;  // the clipper's one rectangle
   Rect ClipRect;
-  uint32_t ForeColour = 0xFFFFFF;  // 24-bit RGB, text and outlines
+  uint32_t ForeColour = 0;         // 24-bit RGB, text and outlines
   uint32_t FillColour = 0;         // 24-bit RGB, box and circle interiors
   int FillStyle = 0;               // 0 solid, 1 transparent
   std::string Name;                // how dumps and screenshots call it
@@ -47,7 +47,9 @@ extern DisplayState Display;
 // Rounds as the blit and pixel calls do: to the nearest integer, halves to even.
 int32_t RoundHalfEven(double v);
 
-void InitDisplay();
+// Opens the window (or the headless screen) and makes the flip chain.
+// Returns false with the failing call when no picture can be shown.
+bool InitDisplay(std::string& failedCall);
 void ShutdownDirectX();
 
 // path: the game's relative path with backslashes ("\graphics\bombs.bmp").

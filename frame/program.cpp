@@ -1,12 +1,213 @@
+// The program's spine: the start-up handler, GameMain and ExitProgram, with
+// the catch-all that turns any failure into the error box and an orderly exit.
 #include "frame/program.h"
 
+#include <chrono>
 #include <cstdio>
+#include <ctime>
+#include <exception>
+#include <filesystem>
+
+#include "audio/audio_devices.h"
+#include "audio/music.h"
+#include "audio/sound_effects.h"
+#include "display/bitmap_text.h"
+#include "display/surface.h"
+#include "frame/automation.h"
+#include "frame/catalogue.h"
+#include "frame/credits.h"
+#include "frame/errors.h"
+#include "frame/frame_state.h"
+#include "frame/options.h"
+#include "frame/passes.h"
+#include "frame/paths.h"
+#include "frame/random.h"
+#include "frame/state_exposure.h"
+#include "frontend/settings.h"
+#include "input/input_devices.h"
+#include "platform/backend.h"
 
 namespace frame {
 
-int RunProgram(int, char**) {
-  std::fprintf(stderr, "vorrel: the program frame is being built\n");
-  return 1;
+FrameState Frame;
+
+namespace {
+
+constexpr const char* kVendorAddress = "https://www.libsdl.org/";
+
+std::string DirectXText(const std::string& object, const std::string& ending) {
+  return "Error Creating a DirectX " + object +
+         ", The problem may be that you have an outdated version of DirectX, Bonus Vorrel plus Wickory requires "
+         "DirectX 8 or later to run. If you have an earlier version of DirectX, download the latest version from " +
+         kVendorAddress + "... " + ending;
+}
+
+constexpr const char* kTerminate = "This program will now terminate!";
+
+// Where the data folder is when none is given: beside the executable (a build
+// tree), then the installed location.
+std::string DefaultDataFolder(const char* argv0) {
+  namespace fs = std::filesystem;
+  std::error_code ec;
+  fs::path exe = fs::read_symlink("/proc/self/exe", ec);
+  if (ec) exe = fs::path(argv0);
+  for (fs::path candidate : {exe.parent_path() / "data", exe.parent_path() / "../share/vorrel"})
+    if (fs::is_directory(candidate / "graphics", ec)) return fs::weakly_canonical(candidate, ec).string();
+#ifdef VORREL_DEFAULT_DATA
+  return VORREL_DEFAULT_DATA;
+#else
+  return (exe.parent_path() / "data").string();
+#endif
+}
+
+struct StartupFailure {
+  int status;
+};
+
+// The start-up handler, in its order; a failure of the display or the
+// devices is fatal with its own message.
+void StartupHandler(const Options& options) {
+  display::Text.GlyphOrder = display::MakeGlyphOrder();
+  Frame.AppRunning = true;
+  if (options.seed) {
+    Randomize(*options.seed);
+  } else {
+    std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    Randomize(static_cast<uint32_t>(local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec));
+  }
+
+  std::string failed;
+  if (!display::InitDisplay(failed)) {
+    ShowMessage("DirectX Error: Error Initializing DirectDraw", DirectXText("DirectDraw Surface", kTerminate), failed);
+    display::ShutdownDirectX();
+    throw StartupFailure{1};
+  }
+  // No sound device or no synthesiser only silences the game.
+  audio::OpenAudioDevices(options.headless);
+  audio::InitAudio();
+  if (!input::InitInput(failed)) {
+    ShowMessage("DirectX Error: Error Initializing DirectInput",
+                DirectXText("DirectInput Object",
+                            "Or, you may not have a mouse or keyboard hooked up properly. Also, you may have an "
+                            "error in a connected joystick. This program will now terminate!"),
+                failed);
+    input::ReleaseInput();
+    throw StartupFailure{1};
+  }
+  input::InitJoystick();
+  audio::FillTrackTable();
+  Frame.CreditsText = CreditsLines();
+  YieldToSystem();
+}
+
+void ShowLoadingScreen() {
+  automation::EnterScreen("loading");
+  display::Surface& back = display::Display.BackBuffer;
+  for (int frameNo = 0; frameNo < 120; ++frameNo) {
+    display::FillSurface(back, display::Display.WholeRect, 0);
+    DrawLoadingTexts();
+    YieldToSystem();
+    display::PresentFrame(0);
+  }
+}
+
+void GameMain() {
+  platform::Current().SetMouseCaptured(true);
+  frontend::Settings = frontend::MenuSettings{};
+  Frame.AppRunning = true;
+  display::Display.ScreenRect = {0, 0, platform::kScreenWidth, platform::kScreenHeight};
+  display::CreateBlankSurface(display::Display.Backdrop, platform::kScreenWidth, platform::kScreenHeight, 0);
+  ShowLoadingScreen();
+  CreateGraphics();
+  CreateSound();
+  display::FillSurface(display::Display.Backdrop, display::Display.WholeRect, 0);
+  // The introduction and the menu-and-game cycle join here as they are built.
+}
+
+}  // namespace
+
+void ShowMessage(const std::string& title, const std::string& text, const std::string& failed) {
+  std::fprintf(stderr, "message box: %s\n  %s\n", title.c_str(), text.c_str());
+  if (!failed.empty()) std::fprintf(stderr, "  failed: %s\n", failed.c_str());
+  automation::NoteMessage(title, text);
+  platform::Current().LeaveFullscreen();
+  platform::Current().ShowMessageBox(title, text);
+}
+
+[[noreturn]] void TableIndexFault(const char* table, long long index, long long lo, long long hi) {
+  throw GameFault(std::string("index ") + std::to_string(index) + " outside " + table + " (" + std::to_string(lo) +
+                  ".." + std::to_string(hi) + ")");
+}
+
+// Releases every platform object in order; the caller ends the process.
+int ExitProgram(int status) {
+  try {
+    audio::ShutdownAudio();
+    display::ShutdownDirectX();
+    input::ReleaseInput();
+  } catch (const std::exception& e) {
+    std::fprintf(stderr, "vorrel: while shutting down: %s\n", e.what());
+  }
+  automation::Finish(status);
+  return status;
+}
+
+int RunProgram(int argc, char** argv) {
+  Options options;
+  bool help = false;
+  if (!ParseCommandLine(argc, argv, options, help)) return 2;
+  if (help) return 0;
+
+  std::string data = options.dataDir.empty() ? DefaultDataFolder(argv[0]) : options.dataDir;
+  std::error_code ec;
+  if (!std::filesystem::is_directory(std::filesystem::path(data) / "graphics", ec)) {
+    std::fprintf(stderr, "vorrel: no game data in %s (expected its graphics/ folder there)\n", data.c_str());
+    return 2;
+  }
+  SetDataFolder(data);
+  SetHomeFolder(options.homeDir);
+
+  platform::SetCurrent(options.headless ? platform::MakeHeadlessBackend() : platform::MakeSdlBackend(options.windowed));
+  try {
+    automation::Configure(options);
+  } catch (const UsageError& e) {
+    std::fprintf(stderr, "vorrel: %s\n", e.what());
+    return 2;
+  }
+  ExposeProgramState();
+
+  try {
+    automation::BeforeStartup();
+    StartupHandler(options);
+    automation::AfterStartup();
+  } catch (const StartupFailure& f) {
+    automation::Finish(f.status);
+    return f.status;
+  } catch (const OrderlyQuit&) {
+    return ExitProgram(0);
+  } catch (const UsageError& e) {
+    std::fprintf(stderr, "vorrel: %s\n", e.what());
+    return ExitProgram(2);
+  }
+
+  // The catch-all: whatever fails while the game runs ends here.
+  try {
+    GameMain();
+  } catch (const OrderlyQuit&) {
+    return ExitProgram(0);
+  } catch (const UsageError& e) {
+    std::fprintf(stderr, "vorrel: %s\n", e.what());
+    return ExitProgram(2);
+  } catch (const std::exception& e) {
+    ShowMessage("Unexpected Error!!!",
+                "Bonus Vorrel has performed an unknown error, We are sorry for the inconveniences. The program will "
+                "now terminate!",
+                e.what());
+    return ExitProgram(1);
+  }
+  return ExitProgram(0);
 }
 
 }  // namespace frame

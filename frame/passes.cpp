@@ -1,0 +1,57 @@
+#include "frame/passes.h"
+
+#include "display/surface.h"
+#include "frame/automation.h"
+#include "frame/errors.h"
+#include "platform/backend.h"
+#include "platform/clock.h"
+
+namespace frame {
+
+namespace {
+uint64_t frames = 0;
+
+void Pace() {
+  platform::Backend& b = platform::Current();
+  b.PaceTo(static_cast<double>(platform::ClockUnits()) / 60.0);
+  b.PumpEvents();
+}
+
+void QuitIfAsked() {
+  if (platform::QuitRequested()) throw OrderlyQuit{};
+}
+}  // namespace
+
+void FramePresented() {
+  ++frames;
+  platform::AdvanceClock(platform::kUnitsPerFrame);
+  Pace();
+  automation::FrameMoment();
+  QuitIfAsked();
+}
+
+void IdlePass() {
+  display::Surface& front = display::Display.PrimarySurface;
+  if (display::Display.FrontDirty && front.Exists()) {
+    platform::Current().ShowPicture(front.Pixels.data());
+    display::Display.FrontDirty = false;
+  }
+  platform::AdvanceClock(platform::kUnitsPerPass);
+  Pace();
+  QuitIfAsked();
+}
+
+void WaitMs(uint32_t ms) {
+  const uint32_t start = GetTick();
+  while (GetTick() - start < ms) IdlePass();
+}
+
+uint64_t FramesPresented() { return frames; }
+uint32_t GetTick() { return platform::TickMs(); }
+
+void YieldToSystem() {
+  platform::Current().PumpEvents();
+  QuitIfAsked();
+}
+
+}  // namespace frame
