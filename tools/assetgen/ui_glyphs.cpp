@@ -134,7 +134,8 @@ ASSETGEN_GENERATOR(ui_statdigits) {
       {"#####", "....#", "...#.", "..#..", ".#...", ".#...", ".#..."},
       {".###.", "#...#", "#...#", ".###.", "#...#", "#...#", ".###."},
       {".###.", "#...#", "#...#", ".####", "....#", "....#", ".###."}};
-  const Col panel{16, 24, 48}, shadow{4, 6, 16};
+  // The statistics panels keep their count strip in exactly this colour.
+  const Col panel{24, 28, 41}, shadow{6, 8, 14};
   const Col top{255, 240, 170}, bottom{232, 168, 40};
   bmp::Image565 img;
   img.width = entry.width;
