@@ -1,0 +1,73 @@
+// The controller-lost screen: drawn straight onto the picture on screen, over
+// the frozen game; it presents no frames.
+#include <string>
+
+#include "display/surface.h"
+#include "frame/automation.h"
+#include "frame/passes.h"
+#include "input/control_mapping.h"
+#include "input/input_devices.h"
+#include "platform/backend.h"
+
+namespace input {
+
+namespace {
+
+const char* const kLines[4] = {
+    "ERROR: Your controller has an error or has become disconnected!",
+    "You cannot resume use of the controller until the game has begun again.",
+    "To attempt to reconnect the control, plug it in now and hit F1",
+    "Otherwise, hit escape to continue playing without the control!",
+};
+constexpr int kLineOffsets[4] = {0, 25, 60, 125};
+
+void DrawLines(display::Surface& s, int x, int y) {
+  for (int i = 0; i < 4; ++i) display::DrawText(s, x, y + kLineOffsets[i], kLines[i]);
+}
+
+}  // namespace
+
+void NoJoystick() {
+  display::Surface& front = display::Display.PrimarySurface;
+  const std::string previousScreen = automation::CurrentScreen();
+  automation::EnterScreen("nojoystick");
+  platform::Current().Beep();
+  automation::NoteBeep();
+
+  display::SetForeColour(front, 100, 0, 0);
+  for (int x = 150; x <= 154; ++x)
+    for (int y = 223; y <= 227; ++y) DrawLines(front, x, y);
+  display::SetForeColour(front, 255, 255, 0);
+  DrawLines(front, 152, 225);
+
+  for (;;) {
+    ControlCheckHigh();
+    if (Input.KeyTable[kKeyEscape]) break;
+    if (Input.KeyTable[kKeyF1]) {
+      display::SetForeColour(front, 0, 255, 0);
+      display::SetFillColour(front, 0, 75, 0);
+      display::SetFillStyle(front, 0);
+      display::DrawBox(front, 100, 375, 600, 400);
+      display::SetForeColour(front, 255, 255, 255);
+      display::DrawText(front, 250, 380, "Attempting to re-connect josystick");
+      InitJoystick();
+      display::SetForeColour(front, 0, 75, 0);
+      display::DrawText(front, 250, 380, "Attempting to re-connect josystick");
+      if (Input.JoystickOff != -1) {
+        display::SetForeColour(front, 255, 255, 0);
+        display::DrawText(front, 250, 380, "Connection Established! Press ESC to continue!");
+      } else {
+        display::SetForeColour(front, 255, 0, 0);
+        display::DrawText(front, 250, 380, "Connection Failed!");
+      }
+    }
+    frame::IdlePass();
+  }
+  while (Input.KeyTable[kKeyEscape]) {
+    frame::IdlePass();
+    ControlCheckHigh();
+  }
+  automation::EnterScreen(previousScreen.c_str());
+}
+
+}  // namespace input
