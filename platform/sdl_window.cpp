@@ -1,0 +1,137 @@
+#include "platform/sdl_window.h"
+
+#include <SDL2/SDL.h>
+#include <SDL2/SDL_image.h>
+
+#include <algorithm>
+#include <cstdio>
+
+#include "platform/backend.h"
+
+namespace platform {
+namespace {
+
+constexpr const char* kTitle = "Bonus Vorrel plus Wickory";
+
+// The picture as large as fits, centred, black bars on the rest.
+SDL_Rect Letterbox(int outW, int outH) {
+  double scale = std::min(outW / double(kScreenWidth), outH / double(kScreenHeight));
+  int w = std::max(1, int(kScreenWidth * scale + 0.5));
+  int h = std::max(1, int(kScreenHeight * scale + 0.5));
+  return SDL_Rect{(outW - w) / 2, (outH - h) / 2, w, h};
+}
+
+}  // namespace
+
+bool SdlWindow::Open(bool windowed, std::string& error) {
+  // Smooth scaling: the picture is rarely an exact multiple of the screen.
+  SDL_SetHint(SDL_HINT_RENDER_SCALE_QUALITY, "linear");
+  Uint32 flags = SDL_WINDOW_RESIZABLE;
+  // The desktop's own mode, never a mode switch: the picture is scaled instead.
+  if (!windowed) flags |= SDL_WINDOW_FULLSCREEN_DESKTOP;
+  window_ = SDL_CreateWindow(kTitle, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, kScreenWidth,
+                             kScreenHeight, flags);
+  if (!window_) {
+    error = std::string("cannot create the window: ") + SDL_GetError();
+    return false;
+  }
+  SDL_SetWindowMinimumSize(window_, 320, 240);
+  // No vsync: the pacing keeps 60 frames a second whatever the monitor's rate.
+  renderer_ = SDL_CreateRenderer(window_, -1, SDL_RENDERER_ACCELERATED);
+  if (!renderer_) {
+    std::fprintf(stderr, "display: no accelerated renderer (%s); drawing in software\n", SDL_GetError());
+    renderer_ = SDL_CreateRenderer(window_, -1, SDL_RENDERER_SOFTWARE);
+  }
+  if (!renderer_) {
+    error = std::string("cannot create a renderer: ") + SDL_GetError();
+    Close();
+    return false;
+  }
+  texture_ = SDL_CreateTexture(renderer_, SDL_PIXELFORMAT_RGB565, SDL_TEXTUREACCESS_STREAMING,
+                               kScreenWidth, kScreenHeight);
+  if (!texture_) {
+    error = std::string("cannot create the picture texture: ") + SDL_GetError();
+    Close();
+    return false;
+  }
+  hasPicture_ = false;
+  Refresh();
+  return true;
+}
+
+void SdlWindow::Close() {
+  if (texture_) SDL_DestroyTexture(texture_);
+  if (renderer_) SDL_DestroyRenderer(renderer_);
+  if (window_) SDL_DestroyWindow(window_);
+  texture_ = nullptr;
+  renderer_ = nullptr;
+  window_ = nullptr;
+  hasPicture_ = false;
+}
+
+void SdlWindow::Draw() {
+  SDL_SetRenderDrawColor(renderer_, 0, 0, 0, 255);
+  SDL_RenderClear(renderer_);
+  if (!hasPicture_) return;
+  int w = 0, h = 0;
+  if (SDL_GetRendererOutputSize(renderer_, &w, &h) != 0 || w <= 0 || h <= 0) return;
+  SDL_Rect dest = Letterbox(w, h);
+  SDL_RenderCopy(renderer_, texture_, nullptr, &dest);
+}
+
+void SdlWindow::Show(const uint16_t* pixels) {
+  if (!renderer_) return;
+  if (SDL_UpdateTexture(texture_, nullptr, pixels, kScreenWidth * 2) == 0) hasPicture_ = true;
+  Draw();
+  SDL_RenderPresent(renderer_);
+}
+
+void SdlWindow::Refresh() {
+  if (!renderer_) return;
+  Draw();
+  SDL_RenderPresent(renderer_);
+}
+
+bool SdlWindow::IsFullscreen() const {
+  return window_ && (SDL_GetWindowFlags(window_) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0;
+}
+
+void SdlWindow::SetFullscreen(bool on) {
+  if (!window_ || on == IsFullscreen()) return;
+  if (SDL_SetWindowFullscreen(window_, on ? SDL_WINDOW_FULLSCREEN_DESKTOP : 0) != 0) {
+    std::fprintf(stderr, "display: cannot %s full screen: %s\n", on ? "enter" : "leave", SDL_GetError());
+    return;
+  }
+  Refresh();
+}
+
+bool SdlWindow::SaveShot(const std::string& path, std::string& error) {
+  if (!renderer_) {
+    error = "no window";
+    return false;
+  }
+  int w = 0, h = 0;
+  if (SDL_GetRendererOutputSize(renderer_, &w, &h) != 0 || w <= 0 || h <= 0) {
+    error = std::string("cannot read the window's size: ") + SDL_GetError();
+    return false;
+  }
+  SDL_Surface* shot = SDL_CreateRGBSurfaceWithFormat(0, w, h, 24, SDL_PIXELFORMAT_RGB24);
+  if (!shot) {
+    error = std::string("cannot make the shot: ") + SDL_GetError();
+    return false;
+  }
+  // What was presented is gone from the back buffer once presented: draw the
+  // same again and read it before it is shown.
+  Draw();
+  bool ok = SDL_RenderReadPixels(renderer_, nullptr, SDL_PIXELFORMAT_RGB24, shot->pixels, shot->pitch) == 0;
+  if (!ok) error = std::string("cannot read the window's pixels: ") + SDL_GetError();
+  SDL_RenderPresent(renderer_);
+  if (ok && IMG_SavePNG(shot, path.c_str()) != 0) {
+    error = "cannot write " + path + ": " + IMG_GetError();
+    ok = false;
+  }
+  SDL_FreeSurface(shot);
+  return ok;
+}
+
+}  // namespace platform

@@ -1,0 +1,122 @@
+#include "platform/sdl_keys.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace platform {
+namespace {
+
+std::vector<int> Down(KeyState& keys) {
+  uint8_t state[256];
+  keys.Read(state);
+  std::vector<int> codes;
+  for (int i = 0; i < 256; ++i)
+    if (state[i]) codes.push_back(i);
+  return codes;
+}
+
+TEST(SdlKeys, PositionalKeysIgnoreTheLayout) {
+  // Whatever character a layout claims for them, these keys are places.
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_ESCAPE, SDLK_ESCAPE), 1);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_RETURN, SDLK_RETURN), 28);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_BACKSPACE, SDLK_BACKSPACE), 14);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_LSHIFT, SDLK_LSHIFT), 42);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_RSHIFT, SDLK_RSHIFT), 54);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_SPACE, SDLK_a), 57);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_F1, SDLK_F1), 59);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_F10, SDLK_F10), 68);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_UP, SDLK_UP), 200);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_LEFT, SDLK_LEFT), 203);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_RIGHT, SDLK_RIGHT), 205);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_DOWN, SDLK_DOWN), 208);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_KP_ENTER, SDLK_KP_ENTER), 156);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_DELETE, SDLK_DELETE), 211);
+}
+
+TEST(SdlKeys, CharacterKeysFollowTheLayout) {
+  // US board: the character and the place agree.
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_A, SDLK_a), 30);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_M, SDLK_m), 50);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_1, SDLK_1), 2);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_0, SDLK_0), 11);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_SLASH, SDLK_SLASH), 53);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_APOSTROPHE, SDLK_QUOTE), 40);
+  // German board: Y and Z swap places, and the game sees the letter typed.
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_Y, SDLK_z), 44);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_Z, SDLK_y), 21);
+  // French board: A on the US Q place, M on the US semicolon place, comma on the M place.
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_Q, SDLK_a), 30);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_SEMICOLON, SDLK_m), 50);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_M, SDLK_COMMA), 51);
+  // A character without a code falls back to the key's place: the French
+  // digit row (&, é) and a German umlaut.
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_1, SDLK_AMPERSAND), 2);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_2, SDL_Keycode(0xE9)), 3);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_SEMICOLON, SDL_Keycode(0xF6)), 39);
+}
+
+TEST(SdlKeys, WindowKeysAndUnknownKeysGiveNothing) {
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_F11, SDLK_F11), 0);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_F12, SDLK_F12), 0);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_LGUI, SDLK_LGUI), 0);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_VOLUMEUP, SDLK_VOLUMEUP), 0);
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_UNKNOWN, SDLK_a), 0);
+  // A positional key never picks up a character from the layout.
+  EXPECT_EQ(GameKeyCode(SDL_SCANCODE_F13, SDLK_a), 0);
+}
+
+TEST(SdlKeys, StateHidesWindowKeysAndKeepsTaps) {
+  KeyState keys;
+  EXPECT_TRUE(Down(keys).empty());
+
+  // F11 toggles once, however long it is held, and is never seen.
+  EXPECT_EQ(keys.KeyDown(SDL_SCANCODE_F11, SDLK_F11, false, false), WindowKey::kToggleFullscreen);
+  EXPECT_EQ(keys.KeyDown(SDL_SCANCODE_F11, SDLK_F11, false, true), WindowKey::kNone);
+  EXPECT_TRUE(Down(keys).empty());
+  keys.KeyUp(SDL_SCANCODE_F11);
+
+  // Alt+Enter: Alt is an ordinary key, the Return is the window's, also
+  // after Alt is let go first.
+  keys.KeyDown(SDL_SCANCODE_LALT, SDLK_LALT, true, false);
+  EXPECT_EQ(keys.KeyDown(SDL_SCANCODE_RETURN, SDLK_RETURN, true, false), WindowKey::kToggleFullscreen);
+  EXPECT_EQ(Down(keys), std::vector<int>{56});
+  keys.KeyUp(SDL_SCANCODE_LALT);
+  keys.KeyDown(SDL_SCANCODE_RETURN, SDLK_RETURN, false, true);  // its repeat
+  EXPECT_TRUE(Down(keys).empty());
+  keys.KeyUp(SDL_SCANCODE_RETURN);
+  // A plain Return afterwards is the game's.
+  EXPECT_EQ(keys.KeyDown(SDL_SCANCODE_RETURN, SDLK_RETURN, false, false), WindowKey::kNone);
+  EXPECT_EQ(Down(keys), std::vector<int>{28});
+  keys.KeyUp(SDL_SCANCODE_RETURN);
+  EXPECT_TRUE(Down(keys).empty());
+
+  // A tap between two reads is seen once.
+  keys.KeyDown(SDL_SCANCODE_Q, SDLK_a, false, false);
+  keys.KeyUp(SDL_SCANCODE_Q);
+  EXPECT_EQ(Down(keys), std::vector<int>{30});
+  EXPECT_TRUE(Down(keys).empty());
+
+  // The code is fixed at the press: a layout change before the release
+  // does not leave the first letter stuck.
+  keys.KeyDown(SDL_SCANCODE_Y, SDLK_z, false, false);
+  keys.KeyDown(SDL_SCANCODE_Y, SDLK_y, false, true);
+  EXPECT_EQ(Down(keys), std::vector<int>{44});
+  keys.KeyUp(SDL_SCANCODE_Y);
+  EXPECT_TRUE(Down(keys).empty());
+
+  // Keys held when the focus goes are released.
+  keys.KeyDown(SDL_SCANCODE_LEFT, SDLK_LEFT, false, false);
+  keys.KeyDown(SDL_SCANCODE_LSHIFT, SDLK_LSHIFT, false, false);
+  EXPECT_EQ(Down(keys), (std::vector<int>{42, 203}));
+  keys.ReleaseAll();
+  EXPECT_TRUE(Down(keys).empty());
+
+  // Scancodes SDL does not know are ignored, not written out of bounds.
+  keys.KeyDown(SDL_Scancode(SDL_NUM_SCANCODES + 5), SDLK_a, false, false);
+  keys.KeyUp(SDL_Scancode(SDL_NUM_SCANCODES));
+  EXPECT_TRUE(Down(keys).empty());
+}
+
+}  // namespace
+}  // namespace platform
