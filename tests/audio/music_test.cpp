@@ -1,0 +1,142 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <fstream>
+#include <set>
+
+#include "audio/music.h"
+#include "audio_test_files.h"
+#include "frame/errors.h"
+#include "frame/paths.h"
+#include "frame/random.h"
+#include "frontend/settings.h"
+#include "platform/music_device.h"
+#include "platform/settings_store.h"
+
+namespace {
+
+using audiotest::WriteBytes;
+
+std::vector<uint8_t> Tune() { return audiotest::MidiBytes({{0, 240, 60}, {480, 240, 64}}, 500000, 960); }
+
+class Music : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    dir = audiotest::FreshFolder("music");
+    frame::SetDataFolder((dir / "data").string());
+    frame::SetHomeFolder((dir / "home").string());
+    audio::FillTrackTable();
+    for (int i = 1; i <= 40; ++i)
+      if (!audio::TrackTitles[i].empty()) WriteBytes(dir / "data" / "music" / (audio::TrackTitles[i] + ".mid"), Tune());
+    frontend::Settings.MusicOn = 1;
+    audio::InitAudio();  // no mixer open: the silent music device
+  }
+  void TearDown() override {
+    audio::ShutdownAudio();
+    audio::MusicSegment.clear();
+    std::filesystem::remove_all(dir);
+  }
+  std::string Started() {
+    std::string s = platform::MidiFileStarted();
+    return s.empty() ? s : std::filesystem::path(s).stem().string();
+  }
+  std::filesystem::path dir;
+};
+
+TEST_F(Music, RandomTrackIsWrittenBackAndPlayed) {
+  std::set<int> seen;
+  for (uint32_t seed = 1; seed <= 40; ++seed) {
+    frame::Randomize(seed);
+    int16_t track = 0;
+    audio::PlayMusic(track, true);
+    ASSERT_GE(track, 1);
+    ASSERT_LE(track, 30);
+    EXPECT_EQ(Started(), audio::TrackTitles[track]);
+    EXPECT_EQ(platform::MidiFilePlays(), 101);  // repeat count 100
+    seen.insert(track);
+  }
+  EXPECT_GT(seen.size(), 10u);  // a pick, not one fixed title
+
+  int16_t theme = 40;
+  audio::PlayMusic(theme, false);
+  EXPECT_EQ(theme, 40);
+  EXPECT_EQ(Started(), "Vorrel Theme");
+  EXPECT_EQ(platform::MidiFilePlays(), 1);
+}
+
+TEST_F(Music, MusicOffStopsThePieceAndStartsNothing) {
+  int16_t theme = 40;
+  audio::PlayMusic(theme, true);
+  ASSERT_EQ(Started(), "Vorrel Theme");
+
+  frontend::Settings.MusicOn = 0;
+  int16_t track = 0;
+  audio::PlayMusic(track, true);
+  EXPECT_EQ(Started(), "");
+  EXPECT_EQ(track, 0);  // no pick is made when nothing plays
+
+  // The tempo set meanwhile stays with the player for the next piece.
+  audio::SetMusicTempo(125);
+  frontend::Settings.MusicOn = 1;
+  audio::PlayMusic(theme, true);
+  EXPECT_EQ(Started(), "Vorrel Theme");
+  EXPECT_EQ(audio::MusicTempo, 125);
+  audio::SetMusicTempo(100);
+}
+
+TEST_F(Music, MissingOrBrokenMidiFileFailsNamingIt) {
+  std::filesystem::remove(dir / "data" / "music" / "Intro.mid");
+  int16_t intro = 38;
+  try {
+    audio::PlayMusic(intro, false);
+    FAIL() << "a missing file played";
+  } catch (const frame::GameFault& f) {
+    EXPECT_NE(std::string(f.what()).find("Intro.mid"), std::string::npos) << f.what();
+  }
+
+  auto good = Tune();
+  auto cutTrack = std::vector<uint8_t>(good.begin(), good.end() - 6);
+  auto badHeader = good;
+  badHeader[2] = 'x';
+  auto badEvent = good;
+  badEvent[good.size() - 8] = 0xF4;  // the last note-off's status byte made undefined
+  for (const auto& bytes : {cutTrack, badHeader, badEvent}) {
+    WriteBytes(dir / "data" / "music" / "Intro.mid", bytes);
+    EXPECT_THROW(audio::PlayMusic(intro, false), frame::GameFault);
+    EXPECT_EQ(Started(), "");
+  }
+  // An empty slot of the table names no file either.
+  int16_t empty = 33;
+  EXPECT_THROW(audio::PlayMusic(empty, false), frame::GameFault);
+}
+
+TEST_F(Music, VolumeFromTheSettingsStore) {
+  auto store = dir / "home" / "settings.ini";
+  auto volumeWith = [&](const std::string& content) {
+    std::filesystem::create_directories(store.parent_path());
+    std::ofstream(store, std::ios::binary) << content;
+    audio::InitAudio();
+    return audio::MusicVolume;
+  };
+  std::filesystem::remove(store);
+  audio::InitAudio();
+  EXPECT_EQ(audio::MusicVolume, 500);  // no store at all
+  EXPECT_EQ(volumeWith("[Other]\nMusicVolume=20\n"), 500);  // not in its section
+  EXPECT_EQ(volumeWith("[Settings]\r\nMusicVolume=-250\r\n"), -250);
+  EXPECT_EQ(volumeWith("[settings]\nmusicvolume = 300 dB\n"), 300);
+  EXPECT_EQ(volumeWith("[Settings]\nMusicVolume=12.5e1x\n"), 125);
+  EXPECT_EQ(volumeWith("[Settings]\nMusicVolume=2.5\n"), 2);  // half to even
+  EXPECT_EQ(volumeWith("[Settings]\nMusicVolume=-7.5\n"), -8);
+  EXPECT_EQ(volumeWith("[Settings]\nMusicVolume=loud\n"), 0);
+  EXPECT_EQ(volumeWith("[Settings]\nMusicVolume=\n"), 0);
+  EXPECT_EQ(volumeWith("[Settings]\nMusicVolume=99999999999\n"), 2147483647);
+  // A broken line is passed over; what can be read still counts.
+  EXPECT_EQ(volumeWith("garbage line\n[Settings\n[Settings]\nno equals sign\nMusicVolume=42\n"), 42);
+  EXPECT_EQ(volumeWith(std::string("\xff\xfe\x00[", 4)), 500);
+
+  // Louder by the stored hundredths of a decibel: 2000 is ten times the gain.
+  EXPECT_NEAR(audio::MusicGain(2500) / audio::MusicGain(500), 10.0, 1e-9);
+  EXPECT_NEAR(audio::MusicGain(-100) / audio::MusicGain(500), std::pow(10.0, -0.3), 1e-9);
+}
+
+}  // namespace

@@ -1,0 +1,130 @@
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "audio/sound_effects.h"
+#include "audio_test_files.h"
+#include "frame/errors.h"
+#include "frame/paths.h"
+#include "frontend/settings.h"
+#include "platform/sound_device.h"
+
+namespace {
+
+using audiotest::WaveBytes;
+using audiotest::WriteBytes;
+
+class SoundEffects : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    dir = audiotest::FreshFolder("sfx");
+    frame::SetDataFolder(dir.string());
+    platform::OpenSoundDevice(true);
+    frontend::Settings.SoundOn = 1;
+    frontend::Settings.VoiceOn = 1;
+  }
+  void TearDown() override {
+    platform::CloseSoundDevice();
+    audio::SoundBuffers.Fill(0);
+    std::filesystem::remove_all(dir);
+  }
+  void Load(int index) {
+    WriteBytes(dir / "sounds" / audio::SoundFileName(index), WaveBytes());
+    audio::LoadSoundBuffer(index, "\\sounds\\" + audio::SoundFileName(index));
+  }
+  std::filesystem::path dir;
+};
+
+TEST_F(SoundEffects, SwitchesChooseByIndexAndAreReadAtEachCall) {
+  Load(3);
+  Load(101);
+  Load(24);
+  Load(100 + 63);  // gameover1, the last group of voices
+
+  frontend::Settings.VoiceOn = 0;
+  audio::PlaySoundEffect(101);
+  audio::PlaySoundEffect(3);
+  EXPECT_EQ(platform::SoundSlotStarts(101), 0u);
+  EXPECT_EQ(platform::SoundSlotStarts(3), 1u);
+
+  // Switched in the menu between two calls: the next call obeys at once.
+  frontend::Settings.SoundOn = 0;
+  frontend::Settings.VoiceOn = 1;
+  audio::PlaySoundEffect(3);
+  audio::PlaySoundEffect(24);
+  audio::PlaySoundEffect(101);
+  audio::PlaySoundEffect(163);
+  EXPECT_EQ(platform::SoundSlotStarts(3), 1u);
+  EXPECT_EQ(platform::SoundSlotStarts(24), 0u);
+  EXPECT_EQ(platform::SoundSlotStarts(101), 1u);
+  EXPECT_EQ(platform::SoundSlotStarts(163), 1u);
+
+  // Replaying restarts the same slot: every request is one start of it.
+  frontend::Settings.SoundOn = 1;
+  audio::PlaySoundEffect(3);
+  audio::PlaySoundEffect(3);
+  EXPECT_EQ(platform::SoundSlotStarts(3), 3u);
+
+  // A stop is honoured whatever the switches, and an empty slot is ignored.
+  frontend::Settings.SoundOn = 0;
+  EXPECT_NO_THROW(audio::StopSoundEffect(3));
+  frontend::Settings.SoundOn = 1;
+  EXPECT_NO_THROW(audio::PlaySoundEffect(6));
+  EXPECT_NO_THROW(audio::PlaySoundEffect(200));
+  EXPECT_FALSE(platform::SoundSlotLoaded(6));
+  EXPECT_EQ(platform::SoundSlotStarts(6), 0u);
+
+  // An index outside the table is a fault, not a quiet no-op.
+  EXPECT_THROW(audio::PlaySoundEffect(201), frame::GameFault);
+  EXPECT_THROW(audio::PlaySoundEffect(-1), frame::GameFault);
+}
+
+TEST_F(SoundEffects, MissingOrBrokenWaveFileFailsNamingIt) {
+  try {
+    audio::LoadSoundBuffer(1, "\\sounds\\land.wav");
+    FAIL() << "a missing file loaded";
+  } catch (const frame::GameFault& f) {
+    EXPECT_NE(std::string(f.what()).find("land.wav"), std::string::npos) << f.what();
+  }
+
+  auto wave = WaveBytes();
+  auto noData = std::vector<uint8_t>(wave.begin(), wave.begin() + 36);  // header and fmt only
+  auto cut = std::vector<uint8_t>(wave.begin(), wave.end() - 10);       // data shorter than it says
+  auto notWave = wave;
+  notWave[8] = 'X';
+  auto badFormat = wave;
+  badFormat[20] = 0x55;  // a compressed format the mixer cannot decode
+  for (const auto& bytes : {noData, cut, notWave, badFormat}) {
+    WriteBytes(dir / "sounds" / "move.wav", bytes);
+    EXPECT_THROW(audio::LoadSoundBuffer(2, "\\sounds\\move.wav"), frame::GameFault);
+  }
+  EXPECT_EQ(audio::SoundBuffers[2], 0);
+  EXPECT_EQ(platform::SoundSlotsLoaded(), 0);
+
+  // A chunk the mixer does not need (here before fmt) is skipped, not refused.
+  std::vector<uint8_t> withList(wave.begin(), wave.begin() + 12);
+  withList.insert(withList.end(), {'L', 'I', 'S', 'T', 3, 0, 0, 0, 'a', 'b', 'c', 0});
+  withList.insert(withList.end(), wave.begin() + 12, wave.end());
+  WriteBytes(dir / "sounds" / "move.wav", withList);
+  EXPECT_NO_THROW(audio::LoadSoundBuffer(2, "\\sounds\\move.wav"));
+  EXPECT_EQ(platform::SoundSlotsLoaded(), 1);
+}
+
+TEST_F(SoundEffects, TableHasNinetyDistinctFilesInBothGroups) {
+  std::set<std::string> files;
+  int effects = 0, voices = 0;
+  for (int i = 0; i <= 200; ++i) {
+    const std::string& f = audio::SoundFileName(i);
+    if (f.empty()) continue;
+    EXPECT_EQ(f.substr(f.size() - 4), ".wav") << i;
+    files.insert(f);
+    (i <= 99 ? effects : voices)++;
+  }
+  EXPECT_EQ(files.size(), 90u);
+  EXPECT_EQ(effects, 24);
+  EXPECT_EQ(voices, 66);
+  EXPECT_EQ(audio::SoundFileName(-1), "");
+  EXPECT_EQ(audio::SoundFileName(201), "");
+}
+
+}  // namespace
