@@ -1,0 +1,7 @@
+#include "frontend/settings.h"
+
+namespace frontend {
+
+MenuSettings Settings;
+
+}  // namespace frontend
