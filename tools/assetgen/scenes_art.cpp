@@ -185,6 +185,28 @@ void Calm(assetgen::Canvas& c, double x0, double y0, double rw, double rh, doubl
   cairo_surface_mark_dirty(c.surface());
 }
 
+void KeyEdges(assetgen::Canvas& c, double threshold) {
+  cairo_surface_flush(c.surface());
+  unsigned char* data = cairo_image_surface_get_data(c.surface());
+  int stride = cairo_image_surface_get_stride(c.surface());
+  for (int y = 0; y < c.height(); ++y) {
+    uint32_t* row = reinterpret_cast<uint32_t*>(data + static_cast<size_t>(y) * stride);
+    for (int x = 0; x < c.width(); ++x) {
+      double a = (row[x] >> 24) / 255.0;
+      if (a < threshold) {
+        row[x] = 0;
+        continue;
+      }
+      double k = (0.55 + 0.45 * a) / a;
+      uint32_t out = 0xFF000000u;
+      for (int s = 0; s < 24; s += 8)
+        out |= static_cast<uint32_t>(std::min(255.0, ((row[x] >> s) & 255) * k + 0.5)) << s;
+      row[x] = out;
+    }
+  }
+  cairo_surface_mark_dirty(c.surface());
+}
+
 void RoundRect(cairo_t* cr, double x, double y, double w, double h, double r) {
   cairo_new_sub_path(cr);
   cairo_arc(cr, x + w - r, y + r, r, -M_PI / 2, 0);

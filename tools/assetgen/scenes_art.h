@@ -76,6 +76,10 @@ void Paint(const Pixels& p, assetgen::Canvas& c);
 void Calm(assetgen::Canvas& c, double x, double y, double w, double h, double soften, double dim,
           double feather);
 
+// Makes a keyed picture's edges clean: pixels under the given coverage become
+// the key, the others lose most of the darkening that blending over black gave them.
+void KeyEdges(assetgen::Canvas& c, double threshold = 0.4);
+
 // Round-cornered rectangle path.
 void RoundRect(cairo_t* cr, double x, double y, double w, double h, double r);
 
