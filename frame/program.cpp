@@ -192,9 +192,13 @@ int RunProgram(int argc, char** argv) {
     return ExitProgram(2);
   }
 
+  return RunGuarded(GameMain);
+}
+
+int RunGuarded(void (*body)()) {
   // The catch-all: whatever fails while the game runs ends here.
   try {
-    GameMain();
+    body();
   } catch (const OrderlyQuit&) {
     return ExitProgram(0);
   } catch (const UsageError& e) {

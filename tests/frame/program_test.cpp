@@ -1,0 +1,67 @@
+// The program frame through the real binary: the loading screens, the
+// catalogue's counts, failures that end in the catch-all, bad usage.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "tests/support/run_game.h"
+
+namespace fs = std::filesystem;
+using namespace testsupport;
+
+namespace {
+#define NEED_DATA()                                              \
+  if (TestData().empty()) GTEST_SKIP() << "no generated data folder"
+}
+
+TEST(ProgramFrame, LoadingScreensAndCatalogue) {
+  NEED_DATA();
+  std::string dir = ScratchDir("load");
+  GameRun run = RunGame(dir,
+                        "120 dump " + dir + "/f120.json\n"
+                        "121 dump " + dir + "/f121.json\n"
+                        "121 shot " + dir + "/f121.png\n");
+  ASSERT_EQ(run.status, 0) << run.stderrText;
+  std::string f120 = ReadFile(dir + "/f120.json"), f121 = ReadFile(dir + "/f121.json");
+  EXPECT_EQ(DumpValue(f120, "screen"), "loading");
+  EXPECT_EQ(DumpValue(f120, "LoadStep"), "0") << "120 plain loading frames come first";
+  EXPECT_EQ(DumpValue(f121, "LoadStep"), "20") << "the first progress frame is drawn at the 18th creation step";
+  EXPECT_EQ(DumpValue(f120, "tick"), "2000");
+  // Every surface and sound counted, 43 progress frames.
+  EXPECT_EQ(DumpValue(run.dumpText, "LoadStep"), "877");
+  EXPECT_EQ(DumpValue(run.dumpText, "frame"), "163");
+  EXPECT_TRUE(fs::file_size(dir + "/f121.png") > 1000);
+}
+
+TEST(ProgramFrame, MissingBitmapEndsInTheCatchAll) {
+  NEED_DATA();
+  std::string dir = ScratchDir("missing");
+  std::string data = dir + "/data";
+  fs::copy(TestData(), data, fs::copy_options::recursive | fs::copy_options::create_symlinks);
+  fs::remove(data + "/graphics/bombs.bmp");
+  GameRun run = RunGame(dir, "", {}, data);
+  EXPECT_EQ(run.status, 1);
+  EXPECT_NE(run.stderrText.find("message box: Unexpected Error!!!"), std::string::npos) << run.stderrText;
+  EXPECT_NE(run.stderrText.find("bombs.bmp"), std::string::npos) << "the failing file is named";
+  EXPECT_NE(run.dumpText.find("Unexpected Error!!!"), std::string::npos) << "the dump logs the message";
+
+  fs::remove(data + "/sounds/flip.wav");
+  fs::copy_file(TestData() + "/graphics/bombs.bmp", data + "/graphics/bombs.bmp");
+  run = RunGame(dir, "", {}, data);
+  EXPECT_EQ(run.status, 1);
+  EXPECT_NE(run.stderrText.find("flip.wav"), std::string::npos) << run.stderrText;
+}
+
+TEST(ProgramFrame, BadUsage) {
+  std::string dir = ScratchDir("usage");
+  GameRun run = RunGame(dir, "", {}, dir + "/nowhere");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_NE(run.stderrText.find(dir + "/nowhere"), std::string::npos) << "names the path it looked in";
+  if (TestData().empty()) return;
+  run = RunGame(dir, "", {"--frobnicate"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_NE(run.stderrText.find("--frobnicate"), std::string::npos);
+  run = RunGame(dir, "# fine\n10 key down Nowhere\n");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_NE(run.stderrText.find(":2"), std::string::npos) << "the bad line's number: " << run.stderrText;
+}

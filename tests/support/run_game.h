@@ -1,0 +1,32 @@
+// Runs the real game binary headless in a scratch home folder, for scenario
+// tests: a script in, a dump, screenshots, the exit status and stderr out.
+#pragma once
+#include <string>
+#include <vector>
+
+namespace testsupport {
+
+struct GameRun {
+  int status = -1;
+  std::string stderrText;
+  std::string dumpText;  // the --dump file, if it was written
+};
+
+// A fresh scratch folder under the test's temporary directory.
+std::string ScratchDir(const std::string& name);
+std::string ReadFile(const std::string& path);
+void WriteFile(const std::string& path, const std::string& text);
+
+// Runs `vorrel --headless --data DATA --home HOME --seed 1 --script SCRIPT --dump DUMP ARGS...`
+// with the script's text written to a file in dir. data "" means the test data folder.
+GameRun RunGame(const std::string& dir, const std::string& script, const std::vector<std::string>& args = {},
+                const std::string& data = "");
+
+// The test data folder, or "" when it was not built.
+std::string TestData();
+
+// A number (or "null") of a top-level key of a dump: enough for the scenario
+// checks without a JSON library.
+std::string DumpValue(const std::string& dump, const std::string& key);
+
+}  // namespace testsupport
