@@ -34,6 +34,16 @@ class SdlBackend final : public Backend {
       return false;
     }
     videoOpen_ = true;
+    // With no display SDL falls back to drawing into memory: a game nobody
+    // can see. Only when asked for by name is that wanted.
+    const char* driver = SDL_GetCurrentVideoDriver();
+    const char* asked = SDL_getenv("SDL_VIDEODRIVER");
+    if (driver && (!std::strcmp(driver, "offscreen") || !std::strcmp(driver, "dummy")) &&
+        !(asked && std::strstr(asked, driver))) {
+      error = "no display to open a window on (DISPLAY and WAYLAND_DISPLAY are unset or unusable)";
+      CloseDisplay();
+      return false;
+    }
     if (!window_.Open(windowed_, error)) {
       CloseDisplay();
       return false;
