@@ -3,6 +3,7 @@
 // no script, dump or record asked for they cost next to nothing.
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "frame/options.h"
@@ -45,5 +46,18 @@ struct GameRequest {
 bool TakeGameRequest(GameRequest& out);
 // The `next` command's queue: true with the oldest queued piece.
 bool TakeQueuedPiece(int& kind, int& fuse);
+
+// The `field ROW CELLS` command paints through the game: set while a game can
+// take it, cleared (an empty function) when the game is gone.
+void SetFieldPainter(std::function<void(int row, const std::string& cells)> painter);
+
+// The seed the run uses (the recording's first line). Needed only when the
+// command line gave none.
+void NoteSeed(uint32_t seed);
+
+// Key names of scripts and dumps ("Escape", "1", "A", "LShift", "F10", "Up"...)
+// by key code; null for a code the game never tests. KeyCode: -1 for no such name.
+const char* KeyName(int code);
+int KeyCode(const std::string& name);
 
 }  // namespace automation

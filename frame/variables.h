@@ -204,7 +204,11 @@ Ops Build() {
   } else if constexpr (IsStdArray<T>::value || std::is_array_v<T>) {
     o.kind = Kind::Array;
     o.low = [](const void*) { return 0LL; };
-    o.high = [](const void*) { return static_cast<long long>(std::size(T{})) - 1; };
+    if constexpr (std::is_array_v<T>) {
+      o.high = [](const void*) { return static_cast<long long>(std::extent_v<T>) - 1; };
+    } else {
+      o.high = [](const void*) { return static_cast<long long>(std::tuple_size_v<T>) - 1; };
+    }
     o.element = [](void* p, long long i) { return RefTo((*static_cast<T*>(p))[static_cast<size_t>(i)]); };
   } else if constexpr (IsVector<T>::value) {
     o.kind = Kind::Array;

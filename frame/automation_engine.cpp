@@ -1,0 +1,240 @@
+// When script lines run: moments, polls, the start-up, the end.
+#include <cstdio>
+
+#include "frame/automation_internal.h"
+#include "frame/automation_record.h"
+#include "frame/errors.h"
+#include "frame/json_writer.h"
+#include "platform/backend.h"
+#include "platform/clock.h"
+#include "platform/devices.h"
+#include "platform/scripted_input.h"
+
+namespace automation {
+namespace {
+
+// Lines at 0 that must act before the start-up handler sees the devices and
+// the home files.
+bool ActsBeforeStartup(Op op) {
+  switch (op) {
+    case Op::JoyPlug:
+    case Op::JoyUnplug:
+    case Op::Game:
+    case Op::Next:
+    case Op::FilePut:
+    case Op::FileRemove:
+      return true;
+    default:
+      return false;
+  }
+}
+
+Point FramePoint(const Engine& e, uint64_t frame) { return Point{frame, 0, e.pollsAtFrame[frame]}; }
+Point PollPoint(const Engine& e, uint64_t poll) { return Point{e.framesAtPoll[poll], 1, poll}; }
+
+// Where the cursor line's moment lies, once the run has got there.
+std::optional<Point> Reached(const Engine& e, const Moment& m) {
+  uint64_t target = 0;
+  switch (m.kind) {
+    case Moment::Kind::Frames:
+      target = static_cast<uint64_t>(m.count);
+      break;
+    case Moment::Kind::PlusFrames:
+      if (m.count == 0) return e.anchor;
+      target = e.anchor.frames + static_cast<uint64_t>(m.count);
+      break;
+    case Moment::Kind::PlusPolls: {
+      uint64_t poll = e.anchor.poll + static_cast<uint64_t>(m.count);
+      if (e.where == Where::Poll && e.pollsStarted - 1 >= poll) return PollPoint(e, poll);
+      return std::nullopt;
+    }
+    case Moment::Kind::Screen: {
+      auto it = e.visitStart.find(m.name);
+      if (it != e.visitStart.end() && e.anchor < it->second) return it->second;
+      return std::nullopt;
+    }
+    case Moment::Kind::Sound:
+    case Moment::Kind::Music:
+      if (e.triggered && e.where == Where::Frame) return CurrentPoint();
+      return std::nullopt;
+  }
+  if (e.frames >= target) return FramePoint(e, target);
+  return std::nullopt;
+}
+
+void Run(Engine& e, size_t index) {
+  const ScriptLine& line = e.lines[index];
+  RunCommand(line);
+  if (e.recorder) e.recorder->Carry(line);
+}
+
+// Takes every line whose moment has come: lines of the moment run, acting
+// lines wait for a poll (or run now, at a poll).
+void Advance(Engine& e) {
+  while (e.cursor < e.lines.size()) {
+    std::optional<Point> at = Reached(e, e.lines[e.cursor].when);
+    if (!at) break;
+    e.anchor = *at;
+    e.triggered = false;
+    size_t index = e.cursor++;
+    if (e.ranEarly[index]) continue;
+    if (RunsAtMoment(e.lines[index].command.op) || e.where == Where::Poll) {
+      Run(e, index);
+    } else {
+      e.pending.push_back(index);
+    }
+  }
+}
+
+void QuitForLimit(Engine& e) {
+  if (platform::QuitRequested()) return;
+  platform::RequestQuit();
+  if (e.recorder) e.recorder->Quit();
+}
+
+}  // namespace
+
+Engine& State() {
+  static Engine engine;
+  return engine;
+}
+
+Point CurrentPoint() {
+  const Engine& e = State();
+  switch (e.where) {
+    case Where::Start: return Point{};
+    case Where::Frame: return Point{e.frames, 0, e.pollsStarted};
+    case Where::Poll: return PollPoint(e, e.pollsStarted - 1);
+  }
+  return Point{};
+}
+
+void Configure(const frame::Options& options) {
+  Engine& e = State();
+  e = Engine{};
+  e.options = options;
+  e.seed = options.seed;
+  platform::scripted::Reset();
+  platform::SetDeviceObserver(nullptr);
+  if (!options.scriptPath.empty()) e.lines = ReadScriptFile(options.scriptPath);
+  e.ranEarly.assign(e.lines.size(), false);
+  if (!options.recordPath.empty()) {
+    e.recorder = std::make_unique<Recorder>(options.recordPath);
+    platform::SetDeviceObserver(e.recorder.get());
+  }
+}
+
+void BeforeStartup() {
+  Engine& e = State();
+  if (e.recorder) e.recorder->CopyHome();
+  // The lines at frame 0 at the head of the script.
+  for (size_t i = e.cursor; i < e.lines.size(); ++i) {
+    const Moment& m = e.lines[i].when;
+    bool atZero = (m.kind == Moment::Kind::Frames || m.kind == Moment::Kind::PlusFrames) && m.count == 0;
+    if (!atZero) break;
+    if (ActsBeforeStartup(e.lines[i].command.op)) {
+      Run(e, i);
+      e.ranEarly[i] = true;
+    }
+  }
+}
+
+void AfterStartup() {
+  Engine& e = State();
+  e.where = Where::Start;
+  Advance(e);
+}
+
+void FrameMoment() {
+  Engine& e = State();
+  ++e.frames;
+  e.pollsAtFrame.push_back(e.pollsStarted);
+  e.where = Where::Frame;
+  if (e.screen != e.lastFrameScreen) {
+    e.visitStart[e.screen] = CurrentPoint();
+    e.lastFrameScreen = e.screen;
+  }
+  if (e.recorder) e.recorder->AtFrame(e.frames, e.pollsStarted);
+  Advance(e);
+  if (e.options.maxFrames && e.frames >= *e.options.maxFrames) QuitForLimit(e);
+  if (e.options.maxTicks && platform::TickMs() >= *e.options.maxTicks) QuitForLimit(e);
+}
+
+void PollMoment() {
+  Engine& e = State();
+  e.framesAtPoll.push_back(e.frames);
+  ++e.pollsStarted;
+  e.where = Where::Poll;
+  platform::scripted::BeginPoll();
+  if (e.nojoystickFirstPoll && e.screen == "nojoystick") e.visitStart["nojoystick"] = CurrentPoint();
+  e.nojoystickFirstPoll = false;
+  if (e.recorder) e.recorder->AtPoll(e.pollsStarted - 1, e.frames);
+  std::vector<size_t> due;
+  due.swap(e.pending);
+  for (size_t index : due) Run(e, index);
+  Advance(e);
+  if (e.options.maxTicks && platform::TickMs() >= *e.options.maxTicks) QuitForLimit(e);
+}
+
+void Finish(int exitStatus) {
+  Engine& e = State();
+  if (e.finished) return;
+  e.finished = true;
+  if (!e.options.dumpPath.empty()) {
+    std::string error;
+    if (!WriteDump(e.options.dumpPath, error)) std::fprintf(stderr, "vorrel: dump: %s\n", error.c_str());
+  }
+  if (e.recorder) {
+    platform::SetDeviceObserver(nullptr);
+    e.recorder->Finish(platform::QuitRequested(), e.seed);
+  }
+}
+
+void EnterScreen(const char* name) {
+  Engine& e = State();
+  if (e.screen == name) return;
+  e.screen = name;
+  e.logs.screens.push_back("[" + std::to_string(e.frames) + "," + frame::JsonQuote(name) + "]");
+  if (e.screen == "nojoystick") e.nojoystickFirstPoll = true;
+}
+
+const char* CurrentScreen() { return State().screen.c_str(); }
+
+void SoundCalled(int index) {
+  Engine& e = State();
+  if (e.cursor < e.lines.size()) {
+    const Moment& m = e.lines[e.cursor].when;
+    if (m.kind == Moment::Kind::Sound && m.count == index) e.triggered = true;
+  }
+}
+
+void MusicCalled(const std::string& title) {
+  Engine& e = State();
+  if (e.cursor < e.lines.size()) {
+    const Moment& m = e.lines[e.cursor].when;
+    if (m.kind == Moment::Kind::Music && m.name == title) e.triggered = true;
+  }
+}
+
+bool TakeGameRequest(GameRequest& out) {
+  Engine& e = State();
+  if (!e.request) return false;
+  out = *e.request;
+  e.request.reset();
+  return true;
+}
+
+bool TakeQueuedPiece(int& kind, int& fuse) {
+  Engine& e = State();
+  if (e.pieces.empty()) return false;
+  kind = e.pieces.front().first;
+  fuse = e.pieces.front().second;
+  e.pieces.pop_front();
+  return true;
+}
+
+void SetFieldPainter(std::function<void(int, const std::string&)> painter) { State().painter = std::move(painter); }
+
+void NoteSeed(uint32_t seed) { State().seed = seed; }
+
+}  // namespace automation

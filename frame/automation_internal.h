@@ -1,0 +1,90 @@
+// What the automation's parts share: the run's counters, the script's place,
+// the logs. Not for the game; the game speaks frame/automation.h.
+#pragma once
+#include <compare>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "frame/automation.h"
+#include "frame/automation_script.h"
+#include "frame/options.h"
+
+namespace automation {
+
+class Recorder;
+
+struct Logs {
+  // Each entry already in its JSON form.
+  std::vector<std::string> sounds, music, draws, screens, files, messages, beeps;
+};
+
+// A point of the run: frame moment F is (F, 0, the next poll's index); poll
+// moment P is (frames before it, 1, P). Points order as the run meets them, and
+// `poll` is always the first poll at or after the point.
+struct Point {
+  uint64_t frames = 0;
+  int atPoll = 0;
+  uint64_t poll = 0;
+  auto operator<=>(const Point&) const = default;
+};
+
+enum class Where { Start, Frame, Poll };
+
+struct Engine {
+  frame::Options options;
+  std::vector<ScriptLine> lines;
+  std::vector<bool> ranEarly;  // lines at 0 that acted before the start-up handler
+  size_t cursor = 0;           // the first line whose moment is not reached yet
+
+  Where where = Where::Start;
+  uint64_t frames = 0;
+  uint64_t pollsStarted = 0;
+  // Histories, so that a moment already passed still counts from where it was.
+  std::vector<uint64_t> pollsAtFrame{0};  // by frame: polls started before its moment
+  std::vector<uint64_t> framesAtPoll;     // by poll: frames presented before it
+
+  Point anchor;            // the previous line's moment, which the cursor line counts from
+  bool triggered = false;  // @sound / @music: the call came
+
+  std::vector<size_t> pending;  // reached acting lines waiting for a poll
+
+  std::string screen = "none";
+  std::string lastFrameScreen = "none";
+  std::map<std::string, Point> visitStart;  // screen -> where its last visit began
+  bool nojoystickFirstPoll = false;
+
+  Logs logs;
+  std::deque<std::pair<int, int>> pieces;
+  std::optional<GameRequest> request;
+  std::function<void(int, const std::string&)> painter;
+  std::optional<uint32_t> seed;
+  std::unique_ptr<Recorder> recorder;
+  bool finished = false;
+};
+
+Engine& State();
+Point CurrentPoint();
+
+// The game called PlaySoundEffect / PlayMidi (for @sound and @music).
+void SoundCalled(int index);
+void MusicCalled(const std::string& title);
+
+// Runs one line's command now (throws frame::UsageError for a line that is bad here).
+void RunCommand(const ScriptLine& line);
+// "FILE:LINE: message" for a line of the script.
+[[noreturn]] void BadLineNow(const ScriptLine& line, const std::string& message);
+
+// Writes the dump (to a temporary name, then renamed). False with a message.
+bool WriteDump(const std::string& path, std::string& error);
+std::string DumpText();
+
+// Writes data to path through a temporary file.
+bool WriteFileAtomically(const std::string& path, const std::string& data, std::string& error);
+
+}  // namespace automation

@@ -1,0 +1,113 @@
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+#include <string>
+
+#include "frame/options.h"
+
+namespace frame {
+namespace {
+
+constexpr const char* kUsage =
+    "usage: vorrel [options]\n"
+    "  --headless         no window, no sound, as fast as the machine runs\n"
+    "  --windowed         a window instead of the full screen\n"
+    "  --seed N           the random generator's seed (default: the time of day)\n"
+    "  --data DIR         the game's data folder\n"
+    "  --home DIR         the player's files: DIR/VSys/*.inf and DIR/settings.ini\n"
+    "  --script FILE      run the automation script FILE\n"
+    "  --max-frames N     quit once N frames have been presented\n"
+    "  --max-ticks MS     quit once the game's clock reaches MS milliseconds\n"
+    "  --dump FILE        write the game's state to FILE when the program ends\n"
+    "  --record FILE      write the session as a replayable script to FILE\n"
+    "  --help             this text\n";
+
+bool ParseUnsigned(const std::string& text, unsigned long long max, unsigned long long& out) {
+  if (text.empty() || text.find_first_not_of("0123456789") != std::string::npos) return false;
+  errno = 0;
+  out = std::strtoull(text.c_str(), nullptr, 10);
+  return errno == 0 && out <= max;
+}
+
+bool Complain(const std::string& message) {
+  std::fprintf(stderr, "vorrel: %s\n(vorrel --help lists the options)\n", message.c_str());
+  return false;
+}
+
+}  // namespace
+
+bool ParseCommandLine(int argc, char** argv, Options& out, bool& help) {
+  help = false;
+  for (int i = 1; i < argc; ++i) {
+    std::string arg = argv[i];
+    std::string value;
+    bool hasInlineValue = false;
+    if (size_t eq = arg.find('='); arg.rfind("--", 0) == 0 && eq != std::string::npos) {
+      value = arg.substr(eq + 1);
+      arg.resize(eq);
+      hasInlineValue = true;
+    }
+    auto flag = [&](bool& target) {
+      if (hasInlineValue) return Complain(arg + " takes no value");
+      target = true;
+      return true;
+    };
+    auto needValue = [&]() {
+      if (hasInlineValue) return true;
+      if (i + 1 >= argc) return Complain(arg + " needs a value");
+      value = argv[++i];
+      return true;
+    };
+    auto text = [&](std::string& target) {
+      if (!needValue()) return false;
+      if (value.empty()) return Complain(arg + " needs a non-empty value");
+      target = value;
+      return true;
+    };
+    auto number = [&](unsigned long long max, const char* what, unsigned long long& result) {
+      if (!needValue()) return false;
+      if (!ParseUnsigned(value, max, result))
+        return Complain(arg + ": \"" + value + "\" is not " + what + " from 0 to " + std::to_string(max));
+      return true;
+    };
+
+    bool ok = true;
+    unsigned long long n = 0;
+    if (arg == "--help" || arg == "-h") {
+      ok = flag(help);
+    } else if (arg == "--headless") {
+      ok = flag(out.headless);
+    } else if (arg == "--windowed") {
+      ok = flag(out.windowed);
+    } else if (arg == "--seed") {
+      ok = number(std::numeric_limits<uint32_t>::max(), "a whole number", n);
+      if (ok) out.seed = static_cast<uint32_t>(n);
+    } else if (arg == "--max-frames") {
+      ok = number(std::numeric_limits<uint64_t>::max(), "a frame count", n);
+      if (ok) out.maxFrames = n;
+    } else if (arg == "--max-ticks") {
+      ok = number(std::numeric_limits<uint64_t>::max(), "a count of milliseconds", n);
+      if (ok) out.maxTicks = n;
+    } else if (arg == "--data") {
+      ok = text(out.dataDir);
+    } else if (arg == "--home") {
+      ok = text(out.homeDir);
+    } else if (arg == "--script") {
+      ok = text(out.scriptPath);
+    } else if (arg == "--dump") {
+      ok = text(out.dumpPath);
+    } else if (arg == "--record") {
+      ok = text(out.recordPath);
+    } else if (arg.rfind("-", 0) == 0) {
+      ok = Complain("unknown option " + arg);
+    } else {
+      ok = Complain("unexpected argument \"" + arg + "\": vorrel takes only options");
+    }
+    if (!ok) return false;
+  }
+  if (help) std::fputs(kUsage, stdout);
+  return true;
+}
+
+}  // namespace frame
