@@ -1,23 +1,21 @@
 #include "audio/audio_devices.h"
 
 #include "audio/music.h"
+#include "audio/sound_effects.h"
+#include "frame/variables.h"
 #include "platform/sound_device.h"
 
 namespace audio {
 
-void OpenAudioDevices(bool silent) {
-  platform::OpenSoundDevice(silent);
-  InitAudio();
-}
-
-void CloseAudioDevices() {
-  ShutdownAudio();  // the music hangs on the mixer: it goes first
-  platform::CloseSoundDevice();
-}
+void OpenAudioDevices(bool silent) { platform::OpenSoundDevice(silent); }
 
 void ExposeAudioState() {
-  // Waits for the variables registry: SoundBuffers, TrackTitles, MusicVolume,
-  // MusicPath, MusicSegment, MusicTempo.
+  vars::Expose("SoundBuffers", SoundBuffers);
+  vars::Expose("TrackTitles", TrackTitles);
+  vars::Expose("MusicVolume", MusicVolume);
+  vars::Expose("MusicPath", MusicPath);
+  vars::Expose("MusicSegment", MusicSegment);
+  vars::Expose("MusicTempo", MusicTempo);
 }
 
 }  // namespace audio

@@ -9,6 +9,7 @@
 #include "frontend/settings.h"
 #include "platform/music_device.h"
 #include "platform/settings_store.h"
+#include "platform/sound_device.h"
 
 namespace audio {
 
@@ -92,8 +93,10 @@ void SetMusicTempo(int16_t percent) {
 
 void ShutdownAudio() {
   // Release, not a request of the game: the music log keeps no entry for it.
+  // The sound buffers and the mixer go with the music at exit.
   platform::StopMidiFile();
   platform::CloseMusicDevice();
+  platform::CloseSoundDevice();
 }
 
 void StopMusic() { StopMidi(); }
@@ -102,8 +105,8 @@ void PlayMusic(int16_t& track, bool loop) {
   StopMusic();
   if (frontend::Settings.MusicOn != 1) return;
   if (track == 0) track = static_cast<int16_t>(frame::RandomInt(30, 1));
-  MusicPath = frame::DataPath("\\music\\" + TrackTitles[track] + ".mid");
-  PlayMidi(MusicPath, loop);
+  MusicPath = "\\music\\" + TrackTitles[track] + ".mid";
+  PlayMidi(frame::DataPath(MusicPath), loop);
 }
 
 }  // namespace audio

@@ -13,7 +13,8 @@ namespace audio {
 extern frame::Table<std::string, 0, 50> TrackTitles;
 // Hundredths of a decibel, read once by InitAudio (default 500, +5 dB).
 extern int32_t MusicVolume;
-// The file PlayMusic chose last.
+// The file PlayMusic chose last, as the game names it below the data folder
+// ("\music\Intro.mid").
 extern std::string MusicPath;
 // The title of the piece PlayMidi loaded last ("" before the first).
 extern std::string MusicSegment;
@@ -29,6 +30,7 @@ void PlayMidi(const std::string& fileName, bool loop);
 void StopMidi();
 // Takes effect at once, on the playing piece and on the ones after it.
 void SetMusicTempo(int16_t percent);
+// Stops the music and closes the music device and the sound mixer.
 void ShutdownAudio();
 
 // Stops the music; with MusicOn set plays TrackTitles(track). Track 0 picks
