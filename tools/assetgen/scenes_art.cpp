@@ -122,6 +122,37 @@ void Paint(const Pixels& p, assetgen::Canvas& c) {
   cairo_surface_mark_dirty(c.surface());
 }
 
+void PaintScaled(const Pixels& p, cairo_t* cr, double w, double h) {
+  assetgen::Canvas small(p.w, p.h);
+  Paint(p, small);
+  cairo_save(cr);
+  cairo_scale(cr, w / p.w, h / p.h);
+  cairo_set_source_surface(cr, small.surface(), 0, 0);
+  cairo_pattern_set_extend(cairo_get_source(cr), CAIRO_EXTEND_PAD);
+  cairo_pattern_set_filter(cairo_get_source(cr), CAIRO_FILTER_BILINEAR);
+  cairo_paint(cr);
+  cairo_restore(cr);
+}
+
+void SpaceBackdrop(cairo_t* cr, double w, double h, const Ramp& ramp, Col accent, uint64_t seed) {
+  Noise n1(seed), n2(seed + 1), n3(seed + 2), n4(seed + 3);
+  Pixels p(static_cast<int>(w / 2), static_cast<int>(h / 2));
+  p.Fill([&](int x, int y) {
+    double u = x * 2.6 / p.h, v = y * 2.6 / p.h;
+    double qx = n1.Fbm(u, v, 4), qy = n2.Fbm(u + 5.2, v + 1.3, 4);
+    double d = n3.Fbm(u + 2.5 * qx, v + 2.5 * qy, 5);
+    double dens = std::clamp((d - 0.3) / 0.5, 0.0, 1.0);
+    dens = dens * dens * (3 - 2 * dens);
+    double ridge = 1 - std::abs(2 * n4.Fbm(u * 1.4 + 2 * qy, v * 1.4 + 2 * qx, 4) - 1);
+    Col c = ramp.At(dens * 0.7 + std::pow(ridge, 8) * 0.3 * (0.3 + dens));
+    double m = std::clamp((qy - 0.45) / 0.25, 0.0, 1.0);
+    return Add(c, Scale(accent, m * dens * 0.6));
+  });
+  PaintScaled(p, cr, w, h);
+  assetgen::Random rnd(seed + 9);
+  Stars(cr, rnd, static_cast<int>(w * h / 1800), w, h, 0.9);
+}
+
 namespace {
 
 // Three box blurs in a row approximate a Gaussian.
@@ -150,7 +181,7 @@ void BoxBlur(std::vector<float>& v, int w, int h, int r) {
 }  // namespace
 
 void Calm(assetgen::Canvas& c, double x0, double y0, double rw, double rh, double soften, double dim,
-          double feather) {
+          double feather, double flatten) {
   cairo_surface_flush(c.surface());
   unsigned char* data = cairo_image_surface_get_data(c.surface());
   int stride = cairo_image_surface_get_stride(c.surface());
@@ -162,7 +193,14 @@ void Calm(assetgen::Canvas& c, double x0, double y0, double rw, double rh, doubl
     for (int x = 0; x < w; ++x)
       for (int k = 0; k < 3; ++k) ch[k][y * w + x] = (row[x] >> (16 - 8 * k)) & 255;
   }
-  for (int k = 0; k < 3; ++k) BoxBlur(ch[k], w, h, 5);
+  for (int k = 0; k < 3; ++k) BoxBlur(ch[k], w, h, 10);
+  // Broad swells survive any blur; pulling towards the area's mean flattens them.
+  double mean[3] = {0, 0, 0};
+  int count = 0;
+  for (int y = std::max(0, int(y0)); y < std::min(h, int(y0 + rh)); ++y)
+    for (int x = std::max(0, int(x0)); x < std::min(w, int(x0 + rw)); ++x, ++count)
+      for (int k = 0; k < 3; ++k) mean[k] += ch[k][y * w + x];
+  for (int k = 0; k < 3; ++k) mean[k] /= std::max(count, 1);
   for (int y = 0; y < h; ++y) {
     uint32_t* row = reinterpret_cast<uint32_t*>(data + static_cast<size_t>(y) * stride);
     double my = std::clamp(std::min(y - y0, y0 + rh - y) / feather + 0.5, 0.0, 1.0);
@@ -176,6 +214,7 @@ void Calm(assetgen::Canvas& c, double x0, double y0, double rw, double rh, doubl
       for (int k = 0; k < 3; ++k) {
         double orig = (row[x] >> (16 - 8 * k)) & 255;
         double v = orig + (ch[k][y * w + x] - orig) * soften * m;
+        v += (mean[k] - v) * flatten * m;
         v *= 1 - (1 - dim) * m;
         out |= static_cast<uint32_t>(std::clamp(v + 0.5, 0.0, 255.0)) << (16 - 8 * k);
       }

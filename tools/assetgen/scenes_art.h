@@ -70,11 +70,16 @@ struct Pixels {
   }
 };
 void Paint(const Pixels& p, assetgen::Canvas& c);
+// Paints the buffer stretched smoothly over w x h (per-pixel work stays small).
+void PaintScaled(const Pixels& p, cairo_t* cr, double w, double h);
+// A nebula painted at quarter area and stretched over w x h, with stars.
+void SpaceBackdrop(cairo_t* cr, double w, double h, const Ramp& ramp, Col accent, uint64_t seed);
 
 // Softens and dims a rectangle of an opaque canvas so that the game's own
-// drawing reads over it: blends towards a blurred copy with feathered edges.
+// drawing reads over it: blends towards a blurred copy and towards the
+// area's mean colour, with feathered edges.
 void Calm(assetgen::Canvas& c, double x, double y, double w, double h, double soften, double dim,
-          double feather);
+          double feather, double flatten = 0);
 
 // Makes a keyed picture's edges clean: pixels under the given coverage become
 // the key, the others lose most of the darkening that blending over black gave them.

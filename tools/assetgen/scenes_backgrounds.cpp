@@ -33,7 +33,7 @@ ASSETGEN_GENERATOR(scene_background) {
   }
   const double feather = 10;
   scenes::Calm(c, field.x - feather / 2, field.y - feather / 2, field.w + feather, field.h + feather, 0.9, 0.62,
-               feather);
+               feather, 0.45);
   // The variant and play-type titles are painted at the top right.
   scenes::Calm(c, 246, 10, 156, 84, 0.45, 0.8, 22);
   assetgen::WriteBmp(ctx, entry, assetgen::Quantise(c, assetgen::Dither::ErrorDiffusion));
