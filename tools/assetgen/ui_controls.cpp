@@ -137,7 +137,8 @@ ASSETGEN_GENERATOR(ui_switch_label) {
   SetFont(cr, "DejaVu Sans", true, 12 / 0.729);  // 12-pixel capitals
   cairo_text_extents_t te;
   cairo_text_extents(cr, text.c_str(), &te);
-  double need = te.width + 0.12 * 12 + 3, room = entry.width - 23.0;
+  // The track chooser's left arrow starts 83 pixels in on the music row.
+  double need = te.width + 0.12 * 12 + 3, room = std::min(entry.width - 23.0, 58.0);
   Lettering(cr, text, 21, 0, std::min(room, need), 15, 60, pal::kGold, 1.4, 0.12, std::min(1.0, room / need));
   Save(ctx, entry, c);
 }

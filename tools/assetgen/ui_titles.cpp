@@ -21,8 +21,7 @@ void Star(cairo_t* cr, double cx, double cy, double r, Col c) {
 
 }  // namespace
 
-// 275 x 116: a capsule in the variant's colours, the name across it and a
-// ribbon underneath.
+// 275 x 116: a capsule in the variant's colours with the name across it.
 ASSETGEN_GENERATOR(ui_title) {
   Canvas c(entry.width, entry.height);
   cairo_t* cr = c.cr();
@@ -46,15 +45,17 @@ ASSETGEN_GENERATOR(ui_title) {
   } else {
     Fail(entry, "title variant must be classic, bonus or wickory");
   }
-  RimmedPlate(cr, 6, 20, w - 12, 66, 24, body, 2.5);
-  // A glint on the capsule's rim, in the variant's light.
+  // The play-type badge is drawn over this title's lower middle (rows 90 and
+  // down), so the title keeps to the upper 88 rows: a tab with the ribbon
+  // word on top, the capsule with the name below it.
+  RimmedPlate(cr, w / 2 - 62, 2, 124, 28, 11, {{60, 70, 110}, {24, 28, 56}, {10, 12, 30}}, 2);
+  Lettering(cr, ribbon, w / 2 - 52, 5, 104, 20, 40, pal::kSilver, 1.5, 0.12);
+  RimmedPlate(cr, 6, 24, w - 12, 62, 24, body, 2.5);
   Col glint = v == "classic" ? Col{210, 250, 255} : v == "bonus" ? Col{255, 240, 170} : Col{255, 200, 90};
-  Star(cr, w - 34, 21, 7, glint);
-  Star(cr, w - 22, 27, 4, glint);
-  Star(cr, 30, 85, 5, glint);
-  Lettering(cr, name, 22, 6, w - 44, 70, 90, letters, 3.2, 0.16);
-  RimmedPlate(cr, w / 2 - 70, 78, 140, 32, 12, {{60, 70, 110}, {24, 28, 56}, {10, 12, 30}}, 2);
-  Lettering(cr, ribbon, w / 2 - 58, 82, 116, 24, 40, pal::kSilver, 1.6, 0.12);
+  Star(cr, w - 36, 26, 7, glint);
+  Star(cr, w - 24, 32, 4, glint);
+  Star(cr, 28, 80, 5, glint);
+  Lettering(cr, name, 20, 22, w - 40, 66, 90, letters, 3.2, 0.16);
   Save(ctx, entry, c);
 }
 
