@@ -123,37 +123,39 @@ namespace {
 // A round bomb of radius r centred at (x, y) with its fuse socket up and to
 // the side given by dir (-1 left, +1 right); heat 0..1 turns it red-hot.
 void RoundBomb(cairo_t* cr, double x, double y, double r, int dir, double heat) {
-  Rgb body = Mix(Hex(40, 44, 62), Hex(235, 60, 20), heat);
-  // Shadowed rim, body shading, and a gloss highlight.
-  cairo_pattern_t* p = cairo_pattern_create_radial(x - r * 0.35, y - r * 0.4, r * 0.1, x, y, r);
-  Rgb lit = Mix(body, {1, 1, 1}, 0.35 + 0.2 * heat), dark = Scale(body, 0.45);
+  Rgb body = Mix(Hex(62, 70, 100), Hex(240, 70, 25), heat);
+  // Body shading lit from the top left, a dark rim, a reflected glow low on
+  // the right, and a crisp gloss crescent.
+  cairo_pattern_t* p = cairo_pattern_create_radial(x - r * 0.35, y - r * 0.35, r * 0.05, x, y, r);
+  Rgb lit = Mix(body, {1, 1, 1}, 0.4 + 0.2 * heat), dark = Scale(body, 0.4);
   cairo_pattern_add_color_stop_rgb(p, 0, lit.r, lit.g, lit.b);
-  cairo_pattern_add_color_stop_rgb(p, 0.75, body.r, body.g, body.b);
+  cairo_pattern_add_color_stop_rgb(p, 0.55, body.r, body.g, body.b);
   cairo_pattern_add_color_stop_rgb(p, 1, dark.r, dark.g, dark.b);
   cairo_arc(cr, x, y, r, 0, 2 * M_PI);
   cairo_set_source(cr, p);
   cairo_fill_preserve(cr);
   cairo_pattern_destroy(p);
-  cairo_set_line_width(cr, std::max(1.0, r * 0.08));
-  Source(cr, Scale(body, 0.3));
+  cairo_set_line_width(cr, std::max(1.0, r * 0.09));
+  Source(cr, Scale(body, 0.28));
   cairo_stroke(cr);
-  cairo_save(cr);
-  cairo_translate(cr, x - r * 0.38, y - r * 0.42);
-  cairo_rotate(cr, -0.6);
-  cairo_scale(cr, r * 0.36, r * 0.2);
-  cairo_arc(cr, 0, 0, 1, 0, 2 * M_PI);
-  cairo_restore(cr);
-  cairo_set_source_rgba(cr, 1, 1, 1, 0.75);
-  cairo_fill(cr);
+  cairo_arc(cr, x, y, r * 0.8, 0.15 * M_PI, 0.45 * M_PI);
+  cairo_set_line_width(cr, std::max(0.8, r * 0.1));
+  Source(cr, Mix(body, Hex(150, 180, 255), 0.5), 0.6);
+  cairo_stroke(cr);
+  cairo_arc(cr, x, y, r * 0.68, 1.05 * M_PI, 1.4 * M_PI);
+  cairo_set_line_width(cr, std::max(1.2, r * 0.16));
+  cairo_set_line_cap(cr, CAIRO_LINE_CAP_ROUND);
+  cairo_set_source_rgba(cr, 1, 1, 1, 0.85);
+  cairo_stroke(cr);
   // The metal socket of the fuse.
-  double a = dir < 0 ? -2.3 : -0.85;
+  double a = dir < 0 ? -2.2 : -0.95;
   double sx = x + r * 0.92 * std::cos(a), sy = y + r * 0.92 * std::sin(a);
   cairo_save(cr);
   cairo_translate(cr, sx, sy);
   cairo_rotate(cr, a + M_PI / 2);
-  cairo_rectangle(cr, -r * 0.28, -r * 0.22, r * 0.56, r * 0.34);
+  cairo_rectangle(cr, -r * 0.3, -r * 0.24, r * 0.6, r * 0.36);
   cairo_restore(cr);
-  Source(cr, Hex(170, 170, 180));
+  Source(cr, Hex(185, 185, 195));
   cairo_fill_preserve(cr);
   cairo_set_line_width(cr, 0.6);
   Source(cr, Hex(60, 60, 70));
@@ -170,6 +172,15 @@ void Flame(cairo_t* cr, double x, double y, double r) {
   cairo_set_source(cr, p);
   cairo_fill(cr);
   cairo_pattern_destroy(p);
+  // Four small rays.
+  cairo_set_line_width(cr, 0.7);
+  cairo_set_source_rgba(cr, 1, 0.95, 0.6, 0.9);
+  for (int k = 0; k < 4; ++k) {
+    double a = M_PI / 4 + k * M_PI / 2;
+    cairo_move_to(cr, x + std::cos(a) * r * 0.3, y + std::sin(a) * r * 0.3);
+    cairo_line_to(cr, x + std::cos(a) * r * 1.1, y + std::sin(a) * r * 1.1);
+  }
+  cairo_stroke(cr);
 }
 
 }  // namespace
@@ -177,14 +188,14 @@ void Flame(cairo_t* cr, double x, double y, double r) {
 bmp::Image565 BombSprite() {
   bmp::Image565 img = Render(80, 80, [](cairo_t* cr) {
     // The fuse curls from the socket to its tip at (26, 12), passing below (30, 10).
-    cairo_move_to(cr, 43.5, 23.5);
-    cairo_curve_to(cr, 40, 18, 35, 16, 30.5, 15);
+    cairo_move_to(cr, 44, 23);
+    cairo_curve_to(cr, 40, 17.5, 35, 16, 30.5, 15);
     cairo_curve_to(cr, 28.5, 14.5, 27.5, 13.5, 26.8, 12.8);
     cairo_set_line_width(cr, 1.6);
     cairo_set_line_cap(cr, CAIRO_LINE_CAP_ROUND);
     Source(cr, Hex(200, 170, 120));
     cairo_stroke(cr);
-    RoundBomb(cr, 50, 31, 9.6, -1, 0);
+    RoundBomb(cr, 50, 31, 10.2, -1, 0);
     Flame(cr, 26.5, 12.5, 2.4);
   });
   Put(img, 30, 10, 0);
@@ -194,7 +205,7 @@ bmp::Image565 BombSprite() {
 bmp::Image565 MegaBomb(int n) {
   // 0: the armed look (red-hot) that marks a cleared half; 1: the bomb;
   // 2..5: the bomb flaring ever brighter when its fuse spits.
-  double heat = n == 0 ? 0.85 : n == 1 ? 0 : 0.12 * (n - 1);
+  double heat = n == 0 ? 0.85 : n == 1 ? 0 : 0.15 * (n - 1);
   double flame = n == 0 ? 3 : n == 1 ? 2.5 : 2.5 + 1.2 * (n - 1);
   return Render(40, 40, [&](cairo_t* cr) {
     cairo_move_to(cr, 30, 9);

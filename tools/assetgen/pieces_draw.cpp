@@ -226,7 +226,7 @@ Material MaterialOf(Variant v, int kind) {
       Look(Finish::Stone, 108, 135, 88, 7),   // mossy stone
       Look(Finish::Crate, 236, 216, 172, 8),  // birch crate
       Look(Finish::Stone, 226, 226, 220, 9),  // marble
-      Look(Finish::Crate, 155, 62, 45, 10),   // mahogany crate
+      Look(Finish::Crate, 160, 154, 142, 10), // weathered grey crate
       Look(Finish::Stone, 192, 102, 72, 11),  // terracotta
       Look(Finish::Stone, 70, 70, 80, 12),    // basalt
   };

@@ -2,6 +2,8 @@
 // detonator, rocks and the crack.
 #include <algorithm>
 #include <cmath>
+#include <utility>
+#include <vector>
 
 #include "tools/assetgen/pieces_art.h"
 #include "tools/assetgen/pieces_draw.h"
@@ -145,58 +147,71 @@ bmp::Image565 DetonatorFrame(int frame) {
 bmp::Image565 Rock(int side) {
   const int s = 20 * side;
   bmp::Image565 img = Render(s, s, [&](cairo_t* cr) {
-    // A rounded, knobbly outline well outside every cell centre.
-    const int n = 14 + 6 * side;
+    // A knobbly outline well outside every cell centre.
+    const int n = 12 + 6 * side;
     const double c = s / 2.0;
-    for (int i = 0; i <= n; ++i) {
-      double a = 2 * M_PI * i / n;
+    std::vector<std::pair<double, double>> v;
+    for (int i = 0; i < n; ++i) {
+      double a = 2 * M_PI * i / n + 0.2;
       double ca = std::cos(a), sa = std::sin(a);
-      // A superellipse of the square reaches its corners; the bumps dent it a little.
-      double e = 1.0 / std::pow(std::pow(std::fabs(ca), 5) + std::pow(std::fabs(sa), 5), 0.2);
-      uint32_t h = (i % n) * 2654435761u + side * 40503u;
-      double dent = ((h >> 8) % 100) / 100.0 * 1.8;
+      double e = 1.0 / std::pow(std::pow(std::fabs(ca), 3) + std::pow(std::fabs(sa), 3), 1 / 3.0);
+      uint32_t h = (i + 1) * 2654435761u + side * 40503u;
+      double dent = ((h >> 8) % 100) / 100.0 * (1 + 1.1 * side);
       double r = (c - 0.5) * e - dent;
-      if (i == 0) cairo_move_to(cr, c + r * ca, c + r * sa);
-      else cairo_line_to(cr, c + r * ca, c + r * sa);
+      v.push_back({c + r * ca, c + r * sa});
     }
-    cairo_close_path(cr);
-    cairo_pattern_t* p = cairo_pattern_create_radial(s * 0.32, s * 0.28, s * 0.05, c, c, s * 0.75);
-    cairo_pattern_add_color_stop_rgb(p, 0, 0.74, 0.71, 0.66);
-    cairo_pattern_add_color_stop_rgb(p, 0.6, 0.5, 0.47, 0.43);
-    cairo_pattern_add_color_stop_rgb(p, 1, 0.27, 0.25, 0.23);
-    cairo_set_source(cr, p);
-    cairo_fill_preserve(cr);
-    cairo_pattern_destroy(p);
-    cairo_set_line_width(cr, 1.2);
-    cairo_set_source_rgb(cr, 0.17, 0.15, 0.14);
-    cairo_stroke(cr);
-    // Pits and cracks.
-    for (int k = 0; k < 3 * side * side; ++k) {
+    auto blob = [&](double k) {
+      cairo_move_to(cr, c + (v[0].first - c) * k, c + (v[0].second - c) * k);
+      for (auto& p : v) cairo_line_to(cr, c + (p.first - c) * k, c + (p.second - c) * k);
+      cairo_close_path(cr);
+    };
+    auto outline = [&] { blob(1); };
+    const Rgb stone = Hex(128, 120, 110);
+    outline();
+    Source(cr, Scale(stone, 0.55));
+    cairo_fill(cr);
+    cairo_save(cr);
+    outline();
+    cairo_clip(cr);
+    // Layers towards the light give the boulder its roundness.
+    const double shades[4] = {0.8, 0.98, 1.12, 1.28};
+    for (int t = 0; t < 4; ++t) {
+      double k = 0.97 - 0.16 * t, o = -s * 0.045 * (t + 1);
+      cairo_save(cr);
+      cairo_translate(cr, c + o, c + o);
+      cairo_rotate(cr, 0.15 * t);
+      cairo_translate(cr, -c, -c);
+      blob(k);
+      cairo_restore(cr);
+      Source(cr, Scale(stone, shades[t]));
+      cairo_fill(cr);
+    }
+    // Pits and a crack.
+    for (int k = 0; k < 2 * side * side; ++k) {
       uint32_t h = (k + 1) * 2246822519u + side * 3266489917u;
       double x = 0.2 * s + ((h >> 4) % 1000) / 1000.0 * 0.6 * s;
       double y = 0.2 * s + ((h >> 14) % 1000) / 1000.0 * 0.6 * s;
-      cairo_arc(cr, x, y, 0.9 + ((h >> 24) % 10) / 10.0, 0, 2 * M_PI);
-      cairo_set_source_rgba(cr, 0.2, 0.18, 0.16, 0.55);
+      double r = 0.8 + ((h >> 24) % 10) / 10.0;
+      cairo_arc(cr, x, y, r, 0, 2 * M_PI);
+      Source(cr, Scale(stone, 0.6), 0.8);
       cairo_fill(cr);
-      cairo_arc(cr, x - 0.6, y - 0.6, 0.5, 0, 2 * M_PI);
-      cairo_set_source_rgba(cr, 0.9, 0.88, 0.82, 0.4);
-      cairo_fill(cr);
+      cairo_arc(cr, x, y, r, 0.1 * M_PI, 0.9 * M_PI);
+      cairo_set_line_width(cr, 0.7);
+      Source(cr, Mix(stone, {1, 1, 1}, 0.45), 0.8);
+      cairo_stroke(cr);
     }
-    cairo_move_to(cr, s * 0.55, s * 0.15);
-    cairo_line_to(cr, s * 0.48, s * 0.35);
-    cairo_line_to(cr, s * 0.6, s * 0.5);
-    cairo_line_to(cr, s * 0.52, s * 0.7);
+    cairo_move_to(cr, s * 0.62, s * 0.12);
+    cairo_line_to(cr, s * 0.55, s * 0.33);
+    cairo_line_to(cr, s * 0.66, s * 0.47);
+    cairo_line_to(cr, s * 0.6, s * 0.62);
     cairo_set_line_width(cr, 0.9);
-    cairo_set_source_rgba(cr, 0.18, 0.16, 0.14, 0.8);
+    Source(cr, Scale(stone, 0.35), 0.85);
     cairo_stroke(cr);
-    // Sheen.
-    cairo_save(cr);
-    cairo_translate(cr, s * 0.33, s * 0.27);
-    cairo_scale(cr, s * 0.18, s * 0.1);
-    cairo_arc(cr, 0, 0, 1, 0, 2 * M_PI);
     cairo_restore(cr);
-    cairo_set_source_rgba(cr, 1, 1, 0.95, 0.35);
-    cairo_fill(cr);
+    outline();
+    cairo_set_line_width(cr, 1.2);
+    Source(cr, Scale(stone, 0.3));
+    cairo_stroke(cr);
   });
   ScrubFireCodes(img);
   return img;

@@ -48,10 +48,10 @@ void MiniPiece(cairo_t* cr, Variant v, int kind, double cx, double cy) {
   for (Cell c : cells) {
     uint8_t a = arms[c.r * 4 + c.c];
     double x = x0 + (c.c - c0) * m, y = y0 + (c.r - r0) * m;
-    if (a & kLeft) cairo_rectangle(cr, x, y + 2, 3, 2);
-    if (a & kRight) cairo_rectangle(cr, x + 2, y + 2, 4, 2);
-    if (a & kUp) cairo_rectangle(cr, x + 2, y, 2, 3);
-    if (a & kDown) cairo_rectangle(cr, x + 2, y + 2, 2, 4);
+    if (a & kLeft) cairo_rectangle(cr, x, y + 2, 3, 1);
+    if (a & kRight) cairo_rectangle(cr, x + 2, y + 2, 4, 1);
+    if (a & kUp) cairo_rectangle(cr, x + 2, y, 1, 3);
+    if (a & kDown) cairo_rectangle(cr, x + 2, y + 2, 1, 4);
   }
   cairo_fill(cr);
 }
