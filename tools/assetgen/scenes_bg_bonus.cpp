@@ -81,7 +81,7 @@ void BonusBackground(assetgen::Canvas& canvas, int level) {
       break;
     }
     case 4: {  // nebula with gold dust
-      Nebula(px, Royal(jewel), Scale(jewel, 0.8), 2.0 + 0.6 * (level - 12), seed);
+      Nebula(px, Royal(jewel), Scale(jewel, 0.8), 2.7 + 0.5 * (level - 12), seed);
       Paint(px, canvas);
       Stars(cr, rnd, 80, kBgW, kBgH, 0.7);
       GoldDust(cr, rnd, 90);

@@ -163,6 +163,24 @@ ASSETGEN_GENERATOR(scene_rocketback) {
     cairo_rectangle(cr, 152 + i * 23, 482, 12, 7);
     cairo_fill(cr);
   }
+  // Searchlights sweep up past where the rocket will stand.
+  for (auto [x0, x1] : {std::pair{380.0, 600.0}, std::pair{700.0, 470.0}}) {
+    cairo_pattern_t* beam = cairo_pattern_create_linear(x0, 560, x1, 0);
+    cairo_pattern_add_color_stop_rgba(beam, 0, 0.85, 0.9, 1, 0.22);
+    cairo_pattern_add_color_stop_rgba(beam, 1, 0.85, 0.9, 1, 0);
+    cairo_set_source(cr, beam);
+    cairo_move_to(cr, x0 - 3, 560);
+    cairo_line_to(cr, x1 - 45, 0);
+    cairo_line_to(cr, x1 + 45, 0);
+    cairo_line_to(cr, x0 + 3, 560);
+    cairo_close_path(cr);
+    cairo_fill(cr);
+    cairo_pattern_destroy(beam);
+    scenes::Source(cr, Hex(0x3A3844));
+    cairo_rectangle(cr, x0 - 8, 556, 16, 10);
+    cairo_fill(cr);
+    scenes::Glow(cr, x0, 558, 14, Hex(0xE8F0FF), 0.9);
+  }
   Tower(cr, 628, 150, 500);
   // The pad: deck at y 500, where every rocket stands, over a flame pit.
   scenes::Source(cr, Hex(0x1E1C24));

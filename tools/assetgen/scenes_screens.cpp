@@ -91,6 +91,12 @@ ASSETGEN_GENERATOR(scene_newhigh) {
       cairo_move_to(cr, bx + r0 * std::cos(a), by + r0 * std::sin(a));
       cairo_line_to(cr, bx + r1 * std::cos(a), by + r1 * std::sin(a));
       cairo_stroke(cr);
+      // Each trail ends in a bright star that droops a little.
+      double ex = bx + (r1 + 4) * std::cos(a), ey = by + (r1 + 4) * std::sin(a) + 3;
+      scenes::Glow(cr, ex, ey, 7, hue, 0.8);
+      scenes::Source(cr, scenes::Lerp(hue, Hex(0xFFFFFF), 0.6));
+      cairo_arc(cr, ex, ey, 1.6, 0, 2 * M_PI);
+      cairo_fill(cr);
     }
     scenes::Glow(cr, bx, by, 30, hue, 0.6);
   }
