@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <memory>
+#include <thread>
 #include <vector>
 
 #include "frame/errors.h"
@@ -15,10 +16,11 @@ namespace platform {
 namespace {
 
 std::unique_ptr<MidiSynth> synth;  // only while the mixer plays
+std::thread soundFontLoader;
 bool hooked = false;
 std::string started;
 int startedPlays = 0;
-double tempo = 1.0, gain = 0.0;
+double tempo = 1.0, gain = 0.2;
 
 void RenderHook(void*, Uint8* stream, int len) {
   // The mixer opened 16-bit stereo and converts for the device.
@@ -32,20 +34,22 @@ void OpenMusicDevice() {
   int rate = 44100, channels = 2;
   Uint16 format = AUDIO_S16SYS;
   Mix_QuerySpec(&rate, &format, &channels);
-  auto s = std::make_unique<MidiSynth>();
-  std::string why;
-  if (!s->Open(rate, DefaultSoundFonts(), why)) {
-    std::fprintf(stderr, "vorrel: %s; the game runs without music\n", why.c_str());
-    return;
-  }
-  s->SetTempo(tempo);
-  s->SetGain(gain);
-  synth = std::move(s);
+  synth = std::make_unique<MidiSynth>();
+  synth->SetTempo(tempo);
+  synth->SetGain(gain);
   Mix_HookMusic(RenderHook, nullptr);
   hooked = true;
+  // The full soundfont takes a second or more to load: the start-up goes on
+  // meanwhile, and the music starts as soon as the synth is ready.
+  soundFontLoader = std::thread([rate] {
+    std::string why;
+    if (!synth->Open(rate, DefaultSoundFonts(), why))
+      std::fprintf(stderr, "vorrel: %s; the game runs without music\n", why.c_str());
+  });
 }
 
 void CloseMusicDevice() {
+  if (soundFontLoader.joinable()) soundFontLoader.join();
   if (hooked) Mix_HookMusic(nullptr, nullptr);  // waits out a running callback
   hooked = false;
   synth.reset();

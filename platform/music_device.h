@@ -8,9 +8,11 @@
 namespace platform {
 
 // After OpenSoundDevice: synthesises when the mixer plays, otherwise silent.
-// No soundfont: one line on stderr, then silent.
+// The soundfont loads in the background; none found: one line on stderr,
+// and the music stays silent.
 void OpenMusicDevice();
 void CloseMusicDevice();
+// True when the music goes to the mixer (the soundfont may still be loading).
 bool MusicDeviceAudible();
 
 // Stops the piece before at once, then starts the file; plays: how many

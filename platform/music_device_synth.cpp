@@ -24,25 +24,46 @@ bool MidiSynth::Open(int sampleRate, const std::vector<std::string>& soundFonts,
   // The synthesiser's own chatter would break the one-line notices; our
   // callers report what matters.
   for (int level : {FLUID_ERR, FLUID_WARN, FLUID_INFO, FLUID_DBG}) fluid_set_log_function(level, nullptr, nullptr);
-  settings_ = new_fluid_settings();
-  if (!settings_) return why = "new_fluid_settings failed", false;
-  fluid_settings_setnum(settings_, "synth.sample-rate", sampleRate);
+  fluid_settings_t* settings = new_fluid_settings();
+  if (!settings) return why = "new_fluid_settings failed", false;
+  fluid_settings_setnum(settings, "synth.sample-rate", sampleRate);
   // The player runs on rendered samples, so its timing follows the audio
   // stream exactly, offline as well as live.
-  fluid_settings_setstr(settings_, "player.timing-source", "sample");
-  synth_ = new_fluid_synth(settings_);
-  if (!synth_) return why = "new_fluid_synth failed", false;
+  fluid_settings_setstr(settings, "player.timing-source", "sample");
+  fluid_synth_t* synth = new_fluid_synth(settings);
+  if (!synth) {
+    delete_fluid_settings(settings);
+    return why = "new_fluid_synth failed", false;
+  }
+  std::string loaded;
   for (const std::string& sf : soundFonts) {
-    if (fluid_synth_sfload(synth_, sf.c_str(), 1) != FLUID_FAILED) {
-      soundFont_ = sf;
-      return true;
+    if (fluid_synth_sfload(synth, sf.c_str(), 1) != FLUID_FAILED) {
+      loaded = sf;
+      break;
     }
   }
-  why = "no General MIDI soundfont (looked for " + soundFonts.front() + " and others)";
-  return false;
+  if (loaded.empty()) {
+    delete_fluid_synth(synth);
+    delete_fluid_settings(settings);
+    why = "no General MIDI soundfont (looked for " + soundFonts.front() + " and others)";
+    return false;
+  }
+  std::lock_guard<std::mutex> g(lock_);
+  settings_ = settings;
+  synth_ = synth;
+  soundFont_ = loaded;
+  fluid_synth_set_gain(synth_, static_cast<float>(gain_));
+  if (!piece_.empty()) BeginPiece();
+  return true;
+}
+
+std::string MidiSynth::SoundFont() {
+  std::lock_guard<std::mutex> g(lock_);
+  return soundFont_;
 }
 
 void MidiSynth::DropPlayer() {
+  piece_.clear();
   if (!player_) return;
   fluid_player_stop(player_);
   delete_fluid_player(player_);
@@ -51,17 +72,24 @@ void MidiSynth::DropPlayer() {
   fluid_synth_all_sounds_off(synth_, -1);
 }
 
+void MidiSynth::BeginPiece() {
+  player_ = new_fluid_player(synth_);
+  if (player_) {
+    fluid_player_add_mem(player_, piece_.data(), piece_.size());
+    // The count is the number of passes through the playlist: 1 plays once.
+    fluid_player_set_loop(player_, plays_);
+    fluid_player_set_tempo(player_, FLUID_PLAYER_TEMPO_INTERNAL, tempo_);
+    fluid_player_play(player_);
+  }
+  piece_.clear();
+}
+
 void MidiSynth::Start(const std::vector<uint8_t>& midi, int plays) {
   std::lock_guard<std::mutex> g(lock_);
-  if (!synth_) return;
   DropPlayer();
-  player_ = new_fluid_player(synth_);
-  if (!player_) return;
-  fluid_player_add_mem(player_, midi.data(), midi.size());
-  // The count is the number of passes through the playlist: 1 plays once.
-  fluid_player_set_loop(player_, plays);
-  fluid_player_set_tempo(player_, FLUID_PLAYER_TEMPO_INTERNAL, tempo_);
-  fluid_player_play(player_);
+  piece_ = midi;
+  plays_ = plays;
+  if (synth_) BeginPiece();
 }
 
 void MidiSynth::Stop() {
@@ -77,12 +105,13 @@ void MidiSynth::SetTempo(double factor) {
 
 void MidiSynth::SetGain(double gain) {
   std::lock_guard<std::mutex> g(lock_);
+  gain_ = gain;
   if (synth_) fluid_synth_set_gain(synth_, static_cast<float>(gain));
 }
 
 bool MidiSynth::Playing() {
   std::lock_guard<std::mutex> g(lock_);
-  return player_ && fluid_player_get_status(player_) == FLUID_PLAYER_PLAYING;
+  return !piece_.empty() || (player_ && fluid_player_get_status(player_) == FLUID_PLAYER_PLAYING);
 }
 
 void MidiSynth::Render(int16_t* stereo, int frames) {

@@ -29,8 +29,11 @@ class MidiSynth {
   MidiSynth& operator=(const MidiSynth&) = delete;
 
   // Creates the synth at the sample rate with the first soundfont that loads.
+  // Loading a full soundfont takes a while, so it may run on another thread
+  // while the rest is already used: until it is done, Render gives silence
+  // and a started piece waits to begin.
   bool Open(int sampleRate, const std::vector<std::string>& soundFonts, std::string& why);
-  const std::string& SoundFont() const { return soundFont_; }
+  std::string SoundFont();
 
   // Starts a checked MIDI file, stopping the piece before it at once.
   // plays: how many times it plays in a row.
@@ -48,14 +51,18 @@ class MidiSynth {
   void Render(int16_t* stereo, int frames);
 
  private:
-  void DropPlayer();  // with the lock held
+  // With the lock held.
+  void DropPlayer();
+  void BeginPiece();
 
   std::mutex lock_;
   fluid_settings_t* settings_ = nullptr;
   fluid_synth_t* synth_ = nullptr;
   fluid_player_t* player_ = nullptr;
   std::string soundFont_;
-  double tempo_ = 1.0;
+  double tempo_ = 1.0, gain_ = 0.2;
+  std::vector<uint8_t> piece_;  // the piece started before the synth was ready
+  int plays_ = 0;
 };
 
 }  // namespace platform

@@ -3,6 +3,9 @@
 #include <SDL.h>
 #include <SDL_mixer.h>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <array>
 #include <cstdio>
 
@@ -25,7 +28,28 @@ Slot& At(int slot) {
   return slots[static_cast<size_t>(slot)];
 }
 
+// The sound libraries below SDL (ALSA above all) print their own complaints
+// when there is no device; the game says it in one line instead.
+class QuietStderr {
+ public:
+  QuietStderr() {
+    std::fflush(stderr);
+    saved_ = dup(2);
+    const int null = open("/dev/null", O_WRONLY);
+    if (saved_ >= 0 && null >= 0) dup2(null, 2);
+    if (null >= 0) close(null);
+  }
+  ~QuietStderr() {
+    std::fflush(stderr);
+    if (saved_ >= 0) dup2(saved_, 2), close(saved_);
+  }
+
+ private:
+  int saved_;
+};
+
 bool OpenMixer(std::string& why) {
+  QuietStderr quiet;
   if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return why = SDL_GetError(), false;
   // No format changes allowed: SDL converts, so the music renderer can rely on
   // 44.1 kHz stereo 16-bit.
