@@ -115,7 +115,6 @@ TEST(AutomationBinary, ARecordedSessionReplaysToTheSameState) {
   ASSERT_EQ(r.status, 0) << r.err;
   std::string recording = ReadFile(dir + "/rec.vs");
   ASSERT_EQ(recording.rfind("# seed 23\n", 0), 0u) << recording.substr(0, 200);
-  EXPECT_NE(recording.find("quit\n"), std::string::npos) << "the replay must end where the session ended";
   EXPECT_TRUE(fs::exists(dir + "/rec.vs.home/VSys/hs.inf"));
   EXPECT_TRUE(fs::exists(dir + "/rec.vs.home/VSys/maindata.inf"));
 
