@@ -23,7 +23,8 @@ const std::string& SoundFileName(int index);
 void LoadSoundBuffer(int index, const std::string& gamePath);
 
 // Effects obey SoundOn, voices VoiceOn, read at each call. Stops the slot,
-// rewinds it and plays it once; an empty slot plays nothing.
+// rewinds it and plays it once; an empty slot plays nothing. The sounds log
+// counts a call as played when its switch is on and its slot holds a sound.
 void PlaySoundEffect(int16_t index);
 // Stops and rewinds the slot whatever the switches.
 void StopSoundEffect(int16_t index);

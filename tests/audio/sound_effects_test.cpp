@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <set>
-
 #include "audio/sound_effects.h"
 #include "audio_test_files.h"
 #include "frame/errors.h"
@@ -108,23 +106,6 @@ TEST_F(SoundEffects, MissingOrBrokenWaveFileFailsNamingIt) {
   WriteBytes(dir / "sounds" / "move.wav", withList);
   EXPECT_NO_THROW(audio::LoadSoundBuffer(2, "\\sounds\\move.wav"));
   EXPECT_EQ(platform::SoundSlotsLoaded(), 1);
-}
-
-TEST_F(SoundEffects, TableHasNinetyDistinctFilesInBothGroups) {
-  std::set<std::string> files;
-  int effects = 0, voices = 0;
-  for (int i = 0; i <= 200; ++i) {
-    const std::string& f = audio::SoundFileName(i);
-    if (f.empty()) continue;
-    EXPECT_EQ(f.substr(f.size() - 4), ".wav") << i;
-    files.insert(f);
-    (i <= 99 ? effects : voices)++;
-  }
-  EXPECT_EQ(files.size(), 90u);
-  EXPECT_EQ(effects, 24);
-  EXPECT_EQ(voices, 66);
-  EXPECT_EQ(audio::SoundFileName(-1), "");
-  EXPECT_EQ(audio::SoundFileName(201), "");
 }
 
 }  // namespace
