@@ -35,7 +35,7 @@ double ActiveRms(const Pcm& p) {
 }
 
 void Trim(Pcm& p, float threshold, double padAfter) {
-  const float t = Peak(p) * threshold;
+  const float t = threshold;
   size_t first = p.s.size(), last = 0;
   for (size_t i = 0; i < p.s.size(); ++i)
     if (std::fabs(p.s[i]) > t) {

@@ -33,8 +33,8 @@ double Rms(const Pcm& p);
 // listener hears, not lowered by the gaps between words.
 double ActiveRms(const Pcm& p);
 
-// Cuts everything before the first and after the last sample above
-// threshold x peak, keeping pad seconds of lead-out.
+// Cuts everything before the first and after the last sample louder than
+// threshold, keeping pad seconds of lead-out.
 void Trim(Pcm& p, float threshold, double padAfter);
 // Linear fades at either end.
 void Fade(Pcm& p, double in, double out);

@@ -105,14 +105,16 @@ ASSETGEN_GENERATOR(voice) {
   auto it = phrases.find(entry.args[1]);
   if (it == phrases.end()) assetgen::Fail(entry, "no phrase named " + entry.args[1]);
 
-  assetgen::Pcm raw = Speak(it->second, entry);
-  assetgen::BlockDc(raw);
-  // flite pads every utterance with a pause: cut it so the word comes at once.
-  assetgen::Trim(raw, 0.02f, 0.04);
-  if (raw.s.empty()) assetgen::Fail(entry, "take is silent");
-  assetgen::Pcm pcm = assetgen::Resample(raw, assetgen::kSoundRate);
-  assetgen::Fade(pcm, 0.003, 0.03);
+  assetgen::Pcm pcm = assetgen::Resample(Speak(it->second, entry), assetgen::kSoundRate);
+  assetgen::BlockDc(pcm);
   assetgen::Scale(pcm, kVoiceRms / assetgen::ActiveRms(pcm));
+  // flite pads every utterance with a pause: cut it so the word comes at once.
+  // Trimmed after levelling, so the cut is at one loudness (about -38 dBFS) for all.
+  assetgen::Trim(pcm, 0.012f, 0.04);
+  if (pcm.s.size() < 100) assetgen::Fail(entry, "take is silent");
+  // No fade-in: the cut is that quiet already, and a fade would swallow a
+  // plosive's burst.
+  assetgen::Fade(pcm, 0, 0.03);
   HoldUnderCeiling(pcm);
   assetgen::WriteWav(ctx.Out(entry.path), pcm);
 }

@@ -1,0 +1,189 @@
+// The generated sounds: every WAV the manifest lists is a well-formed file the
+// mixer can play at once, effects are short and punchy, and the voices are
+// equally loud so that no remark drowns the others.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+struct Listed {
+  std::string path;
+  int index = -1;  // sound table index: below 100 an effect, from 100 a voice
+};
+
+std::vector<Listed> ListedSounds() {
+  std::vector<std::filesystem::path> lists;
+  for (const auto& f : std::filesystem::directory_iterator(VORREL_SOURCE_DIR "/assets/files"))
+    if (f.path().extension() == ".tsv") lists.push_back(f.path());
+  std::sort(lists.begin(), lists.end());
+  std::vector<Listed> out;
+  for (const auto& list : lists) {
+    std::ifstream in(list);
+    for (std::string line; std::getline(in, line);) {
+      if (line.empty() || line[0] == '#') continue;
+      std::istringstream s(line);
+      std::string path, kind, w, h, gen, index;
+      s >> path >> kind >> w >> h >> gen >> index;
+      if (kind != "wav") continue;
+      Listed l;
+      l.path = path;
+      if (!index.empty() && std::all_of(index.begin(), index.end(), ::isdigit)) l.index = std::stoi(index);
+      out.push_back(l);
+    }
+  }
+  return out;
+}
+
+struct Wav {
+  int rate = 0, channels = 0, bits = 0;
+  std::vector<int16_t> mono;  // first channel
+  double Seconds() const { return rate ? double(mono.size()) / rate : 0; }
+};
+
+uint32_t Le(const std::vector<uint8_t>& b, size_t at, int n) {
+  uint32_t v = 0;
+  for (int i = n - 1; i >= 0; --i) v = (v << 8) | b[at + i];
+  return v;
+}
+
+// Returns an empty string on success, else what is wrong.
+std::string ReadWav(const std::string& path, Wav& w) {
+  std::ifstream f(path, std::ios::binary);
+  if (!f) return "missing";
+  std::vector<uint8_t> b((std::istreambuf_iterator<char>(f)), std::istreambuf_iterator<char>());
+  if (b.size() < 12 || std::string(b.begin(), b.begin() + 4) != "RIFF" ||
+      std::string(b.begin() + 8, b.begin() + 12) != "WAVE")
+    return "not RIFF WAVE";
+  if (Le(b, 4, 4) + 8 != b.size()) return "RIFF size does not match the file";
+  for (size_t at = 12; at + 8 <= b.size();) {
+    const std::string tag(b.begin() + at, b.begin() + at + 4);
+    const size_t size = Le(b, at + 4, 4), body = at + 8;
+    if (body + size > b.size()) return "chunk " + tag + " runs past the end";
+    if (tag == "fmt ") {
+      if (Le(b, body, 2) != 1) return "not PCM";
+      w.channels = Le(b, body + 2, 2);
+      w.rate = Le(b, body + 4, 4);
+      w.bits = Le(b, body + 14, 2);
+    } else if (tag == "data") {
+      if (w.bits != 16 || w.channels < 1) return "data before a 16-bit fmt";
+      for (size_t i = body; i + 2 * w.channels <= body + size; i += 2 * w.channels)
+        w.mono.push_back(static_cast<int16_t>(Le(b, i, 2)));
+      return "";
+    }
+    at = body + size + (size & 1);
+  }
+  return "no data chunk";
+}
+
+struct Level {
+  double rms = 0, leadMs = 0;
+  int fullScale = 0;
+};
+
+Level Measure(const Wav& w) {
+  Level l;
+  double e = 0;
+  size_t lead = w.mono.size();
+  for (size_t i = 0; i < w.mono.size(); ++i) {
+    const int x = w.mono[i];
+    e += double(x) * x;
+    if (std::abs(x) >= 32767) ++l.fullScale;
+    // -40 dBFS: the first moment anything is heard.
+    if (lead == w.mono.size() && std::abs(x) > 328) lead = i;
+  }
+  l.rms = w.mono.empty() ? 0 : std::sqrt(e / w.mono.size()) / 32768;
+  l.leadMs = 1000.0 * lead / w.rate;
+  return l;
+}
+
+std::string Name(const std::string& path) {
+  return std::filesystem::path(path).stem().string();
+}
+
+TEST(DataSound, ManifestListsTheWholeSoundTable) {
+  // The game opens these names by table index; a missing one fails its start.
+  const std::map<std::string, int> numbered = {
+      {"single", 5}, {"double", 5}, {"triple", 5}, {"vorrel", 5}, {"megavorrel", 3}, {"quake", 3},
+      {"bomb", 3},   {"levelup", 3}, {"whattodo", 4}, {"finally", 4}, {"recovery", 4}, {"yuck", 4},
+      {"youwin", 3}, {"gameover", 5}};
+  std::vector<std::string> expected = {
+      "menuexplode", "land",    "move",   "flip",      "lineout",   "downland",    "lhchoose", "checkbox",
+      "closed1",     "closed2", "riteland", "quakeland", "glass",   "levelsound",  "pause",    "pause2",
+      "slide",       "blip",    "bubble", "pop",       "hiss",      "zap",         "click",    "finalscreen2",
+      "classic",     "bonus",   "wickory", "typea",    "typeb",     "typec",       "linesweeper", "columnclear",
+      "detonator",   "letsplay"};
+  for (const auto& [stem, n] : numbered)
+    for (int i = 1; i <= n; ++i) expected.push_back(stem + std::to_string(i));
+  std::sort(expected.begin(), expected.end());
+
+  std::vector<std::string> listed;
+  std::map<int, std::string> byIndex;
+  for (const Listed& l : ListedSounds()) {
+    if (l.path.rfind("sounds/", 0) != 0) continue;
+    listed.push_back(Name(l.path));
+    EXPECT_EQ(l.path, "sounds/" + Name(l.path) + ".wav");
+    EXPECT_TRUE(l.index >= 0 && l.index <= 200) << l.path << ": table index missing";
+    EXPECT_TRUE(byIndex.emplace(l.index, l.path).second) << l.path << ": index " << l.index << " used twice";
+  }
+  std::sort(listed.begin(), listed.end());
+  EXPECT_EQ(listed, expected);
+  EXPECT_EQ(byIndex[1], "sounds/land.wav");
+  EXPECT_EQ(byIndex[159], "sounds/whattodo3.wav");
+  EXPECT_EQ(byIndex[167], "sounds/gameover5.wav");
+}
+
+TEST(DataSound, EverySoundParsesStartsAtOnceAndIsNeitherSilentNorClipped) {
+  const auto sounds = ListedSounds();
+  ASSERT_FALSE(sounds.empty());
+  for (const Listed& l : sounds) {
+    SCOPED_TRACE(l.path);
+    Wav w;
+    const std::string err = ReadWav(std::string(VORREL_TEST_DATA) + "/" + l.path, w);
+    ASSERT_EQ(err, "");
+    EXPECT_TRUE(w.rate == 22050 || w.rate == 44100) << w.rate;
+    EXPECT_TRUE(w.channels == 1 || w.channels == 2) << w.channels;
+    const Level lv = Measure(w);
+    EXPECT_GT(lv.rms, 0.02) << "too quiet to hear";
+    EXPECT_LE(lv.fullScale, static_cast<int>(w.mono.size() / 1000)) << "clipped";
+    EXPECT_LT(lv.leadMs, 20.0) << "starts late";
+
+    const bool voice = l.index >= 100;
+    EXPECT_GT(w.Seconds(), voice ? 0.2 : 0.01);
+    EXPECT_LT(w.Seconds(), voice ? 2.5 : 2.0);
+    // The slide runs for a rock's whole fall and is stopped when it lands.
+    if (Name(l.path) == "slide") {
+      EXPECT_GE(w.Seconds(), 0.8);
+      EXPECT_LE(w.Seconds(), 1.5);
+    }
+  }
+}
+
+TEST(DataSound, VoicesAreLevelledWithinFourDecibels) {
+  double loudest = 0, quietest = 1;
+  std::string loud, quiet;
+  int voices = 0;
+  for (const Listed& l : ListedSounds()) {
+    if (l.index < 100) continue;
+    Wav w;
+    ASSERT_EQ(ReadWav(std::string(VORREL_TEST_DATA) + "/" + l.path, w), "") << l.path;
+    const double rms = Measure(w).rms;
+    if (rms > loudest) { loudest = rms; loud = l.path; }
+    if (rms < quietest) { quietest = rms; quiet = l.path; }
+    ++voices;
+  }
+  EXPECT_EQ(voices, 66);
+  // Whole-file RMS, so short pauses inside a phrase count against it:
+  // a factor of 1.6 (about 4 dB) still keeps any voice from standing out.
+  EXPECT_LT(loudest / quietest, 1.6) << loud << " " << loudest << " vs " << quiet << " " << quietest;
+}
+
+}  // namespace
