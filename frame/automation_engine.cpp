@@ -44,8 +44,9 @@ std::optional<Point> Reached(const Engine& e, const Moment& m) {
       target = e.anchor.frames + static_cast<uint64_t>(m.count);
       break;
     case Moment::Kind::PlusPolls: {
+      // Reached at that poll, or at once if it has already been.
       uint64_t poll = e.anchor.poll + static_cast<uint64_t>(m.count);
-      if (e.where == Where::Poll && e.pollsStarted - 1 >= poll) return PollPoint(e, poll);
+      if (poll < e.pollsStarted) return PollPoint(e, poll);
       return std::nullopt;
     }
     case Moment::Kind::Screen: {
