@@ -118,7 +118,7 @@ std::vector<std::string> WriteContactPages(const std::string& outDir, const std:
       // Long strips (glyph sheets) may use the whole page width.
       const int maxW = w > 3 * h ? kPageWidth - 2 * kMargin : kThumbW;
       t.scale = std::min({1.0, double(maxW) / w, double(kThumbH) / h});
-      if (w <= 40 && h <= 40) t.scale = 2;  // glyphs and sparks are too small to judge at 1:1
+      if (w <= 64 && h <= 64) t.scale = 2;  // sparks, rocks and buttons are too small to judge at 1:1
       t.detail = std::to_string(w) + " x " + std::to_string(h);
       if (t.scale != 1) t.detail += "  (shown " + std::to_string(int(std::lround(t.scale * 100))) + "%)";
       if (w != e.width || h != e.height)
@@ -152,9 +152,11 @@ std::vector<std::string> WriteContactPages(const std::string& outDir, const std:
     if (heading || x + t.w > kPageWidth - kMargin) newRow();
     const int need = t.h + (heading ? kHeadingH : 0);
     if (y + need > kPageMaxHeight - kMargin && !pages.back().tiles.empty()) {
-      pages.back().height = y;
+      pages.back().height = y + rowH;
       pages.emplace_back();
+      x = kMargin;
       y = kMargin;
+      rowH = 0;
       section.clear();
     }
     if (t.section != section) {
