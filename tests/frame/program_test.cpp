@@ -2,6 +2,7 @@
 // catalogue's counts, failures that end in the catch-all, bad usage.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 
 #include "tests/support/run_game.h"
@@ -37,7 +38,8 @@ TEST(ProgramFrame, MissingBitmapEndsInTheCatchAll) {
   NEED_DATA();
   std::string dir = ScratchDir("missing");
   std::string data = dir + "/data";
-  fs::copy(TestData(), data, fs::copy_options::recursive | fs::copy_options::create_symlinks);
+  // A copy made of links, so one file can go missing cheaply.
+  ASSERT_EQ(std::system(("cp -as '" + TestData() + "' '" + data + "'").c_str()), 0);
   fs::remove(data + "/graphics/bombs.bmp");
   GameRun run = RunGame(dir, "", {}, data);
   EXPECT_EQ(run.status, 1);
