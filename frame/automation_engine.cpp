@@ -87,6 +87,10 @@ void Advance(Engine& e) {
   }
 }
 
+// The histories serve only lines still to come: a long session without a
+// script keeps nothing.
+bool Counting(const Engine& e) { return e.cursor < e.lines.size(); }
+
 void QuitForLimit(Engine& e) {
   if (platform::QuitRequested()) return;
   platform::RequestQuit();
@@ -105,7 +109,7 @@ Point CurrentPoint() {
   switch (e.where) {
     case Where::Start: return Point{};
     case Where::Frame: return Point{e.frames, 0, e.pollsStarted};
-    case Where::Poll: return PollPoint(e, e.pollsStarted - 1);
+    case Where::Poll: return Point{e.frames, 1, e.pollsStarted - 1};
   }
   return Point{};
 }
@@ -149,7 +153,7 @@ void AfterStartup() {
 void FrameMoment() {
   Engine& e = State();
   ++e.frames;
-  e.pollsAtFrame.push_back(e.pollsStarted);
+  if (Counting(e)) e.pollsAtFrame.push_back(e.pollsStarted);
   e.where = Where::Frame;
   if (e.screen != e.lastFrameScreen) {
     e.visitStart[e.screen] = CurrentPoint();
@@ -163,7 +167,7 @@ void FrameMoment() {
 
 void PollMoment() {
   Engine& e = State();
-  e.framesAtPoll.push_back(e.frames);
+  if (Counting(e)) e.framesAtPoll.push_back(e.frames);
   ++e.pollsStarted;
   e.where = Where::Poll;
   platform::scripted::BeginPoll();
