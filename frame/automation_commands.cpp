@@ -19,9 +19,14 @@ namespace in = platform::scripted;
 
 in::Axis AxisOf(int a) { return a == 0 ? in::Axis::X : in::Axis::Y; }
 
-// The home file's path without fetching a default copy for it.
-std::string HomePath(const std::string& name) {
-  return name == "settings.ini" ? frame::SettingsStorePath() : frame::HomeFile(name);
+// A home folder that cannot be made is this line's failure, not the game's.
+std::string HomePath(const ScriptLine& line) {
+  const std::string& name = line.command.text1;
+  try {
+    return name == "settings.ini" ? frame::SettingsStorePath() : frame::HomeFile(name);
+  } catch (const std::exception& e) {
+    BadLineNow(line, e.what());
+  }
 }
 
 void PutFile(const ScriptLine& line) {
@@ -30,7 +35,7 @@ void PutFile(const ScriptLine& line) {
   if (!src) BadLineNow(line, "cannot read \"" + c.text2 + "\"");
   std::ostringstream data;
   data << src.rdbuf();
-  std::string target = HomePath(c.text1);
+  std::string target = HomePath(line);
   std::error_code ec;
   std::filesystem::create_directories(std::filesystem::path(target).parent_path(), ec);
   std::string error;
@@ -39,7 +44,7 @@ void PutFile(const ScriptLine& line) {
 
 void RemoveFile(const ScriptLine& line) {
   std::error_code ec;
-  std::filesystem::remove(HomePath(line.command.text1), ec);
+  std::filesystem::remove(HomePath(line), ec);
   if (ec) BadLineNow(line, "cannot remove " + line.command.text1 + ": " + ec.message());
 }
 

@@ -46,8 +46,12 @@ void Recorder::CopyHome() {
   fs::remove_all(home, ec);
   std::string error;
   for (const char* name : {"VSys/hs.inf", "VSys/maindata.inf"}) {
-    if (!CopyFile(frame::HomeFile(name), home / name, error))
-      std::fprintf(stderr, "vorrel: record: %s\n", error.c_str());
+    try {
+      if (!CopyFile(frame::HomeFile(name), home / name, error))
+        std::fprintf(stderr, "vorrel: record: %s\n", error.c_str());
+    } catch (const std::exception& e) {
+      std::fprintf(stderr, "vorrel: record: %s\n", e.what());
+    }
   }
   // A missing store reads as the absent value; a missing copy keeps that so.
   const fs::path store = frame::SettingsStorePath();
