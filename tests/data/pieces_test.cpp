@@ -10,7 +10,6 @@
 #include <array>
 #include <map>
 #include <memory>
-#include <numeric>
 #include <set>
 #include <string>
 #include <vector>
