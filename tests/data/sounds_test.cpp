@@ -1,6 +1,7 @@
 // The generated sounds: every WAV the manifest lists is a well-formed file the
 // mixer can play at once, effects are short and punchy, and the voices are
-// equally loud so that no remark drowns the others.
+// equally loud so that no remark drowns the others; the contact sheet lists
+// every sound and track with its length.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -15,17 +16,17 @@
 
 namespace {
 
-struct Listed {
+struct ListedFile {
   std::string path;
   int index = -1;  // sound table index: below 100 an effect, from 100 a voice
 };
 
-std::vector<Listed> ListedSounds() {
+std::vector<ListedFile> Listed(const std::string& wanted) {
   std::vector<std::filesystem::path> lists;
   for (const auto& f : std::filesystem::directory_iterator(VORREL_SOURCE_DIR "/assets/files"))
     if (f.path().extension() == ".tsv") lists.push_back(f.path());
   std::sort(lists.begin(), lists.end());
-  std::vector<Listed> out;
+  std::vector<ListedFile> out;
   for (const auto& list : lists) {
     std::ifstream in(list);
     for (std::string line; std::getline(in, line);) {
@@ -33,8 +34,8 @@ std::vector<Listed> ListedSounds() {
       std::istringstream s(line);
       std::string path, kind, w, h, gen, index;
       s >> path >> kind >> w >> h >> gen >> index;
-      if (kind != "wav") continue;
-      Listed l;
+      if (kind != wanted) continue;
+      ListedFile l;
       l.path = path;
       if (!index.empty() && std::all_of(index.begin(), index.end(), ::isdigit)) l.index = std::stoi(index);
       out.push_back(l);
@@ -42,6 +43,8 @@ std::vector<Listed> ListedSounds() {
   }
   return out;
 }
+
+std::vector<ListedFile> ListedSounds() { return Listed("wav"); }
 
 struct Wav {
   int rate = 0, channels = 0, bits = 0;
@@ -127,7 +130,7 @@ TEST(DataSound, ManifestListsTheWholeSoundTable) {
 
   std::vector<std::string> listed;
   std::map<int, std::string> byIndex;
-  for (const Listed& l : ListedSounds()) {
+  for (const ListedFile& l : ListedSounds()) {
     if (l.path.rfind("sounds/", 0) != 0) continue;
     listed.push_back(Name(l.path));
     EXPECT_EQ(l.path, "sounds/" + Name(l.path) + ".wav");
@@ -144,7 +147,7 @@ TEST(DataSound, ManifestListsTheWholeSoundTable) {
 TEST(DataSound, EverySoundParsesStartsAtOnceAndIsNeitherSilentNorClipped) {
   const auto sounds = ListedSounds();
   ASSERT_FALSE(sounds.empty());
-  for (const Listed& l : sounds) {
+  for (const ListedFile& l : sounds) {
     SCOPED_TRACE(l.path);
     Wav w;
     const std::string err = ReadWav(std::string(VORREL_TEST_DATA) + "/" + l.path, w);
@@ -171,7 +174,7 @@ TEST(DataSound, VoicesAreLevelledWithinFourDecibels) {
   double loudest = 0, quietest = 1;
   std::string loud, quiet;
   int voices = 0;
-  for (const Listed& l : ListedSounds()) {
+  for (const ListedFile& l : ListedSounds()) {
     if (l.index < 100) continue;
     Wav w;
     ASSERT_EQ(ReadWav(std::string(VORREL_TEST_DATA) + "/" + l.path, w), "") << l.path;
@@ -184,6 +187,42 @@ TEST(DataSound, VoicesAreLevelledWithinFourDecibels) {
   // Whole-file RMS, so short pauses inside a phrase count against it:
   // a factor of 1.6 (about 4 dB) still keeps any voice from standing out.
   EXPECT_LT(loudest / quietest, 1.6) << loud << " " << loudest << " vs " << quiet << " " << quietest;
+}
+
+TEST(DataSound, ContactSheetListsEverySoundAndTrackWithItsLength) {
+  const std::string data = VORREL_TEST_DATA;
+  std::ifstream png(data + "/contact-sheet.png", std::ios::binary);
+  char sig[8] = {};
+  png.read(sig, 8);
+  EXPECT_EQ(std::string(sig, 8), "\x89PNG\r\n\x1a\n");
+
+  std::map<std::string, double> seconds;
+  std::ifstream txt(data + "/contact-sheet.txt");
+  ASSERT_TRUE(txt) << "no contact-sheet.txt";
+  for (std::string line; std::getline(txt, line);) {
+    if (line.empty() || line[0] == '#') continue;
+    EXPECT_EQ(line.find("BROKEN"), std::string::npos) << line;
+    // Paths may hold spaces: the length is the number before " s ".
+    const size_t unit = line.find(" s  ");
+    ASSERT_NE(unit, std::string::npos) << line;
+    const size_t num = line.find_last_of(' ', unit - 1);
+    std::string path = line.substr(0, num);
+    path.erase(path.find_last_not_of(' ') + 1);
+    seconds[path] = std::stod(line.substr(num + 1, unit - num - 1));
+  }
+  for (const ListedFile& l : ListedSounds()) {
+    Wav w;
+    ASSERT_EQ(ReadWav(data + "/" + l.path, w), "") << l.path;
+    ASSERT_TRUE(seconds.count(l.path)) << l.path << " not listed";
+    EXPECT_NEAR(seconds[l.path], w.Seconds(), 0.001) << l.path;
+  }
+  for (ListedFile l : Listed("mid")) {
+    for (size_t at; (at = l.path.find("%20")) != std::string::npos;) l.path.replace(at, 3, " ");
+    ASSERT_TRUE(seconds.count(l.path)) << l.path << " not listed";
+    // A track is a jingle of a few seconds or a piece of a few minutes.
+    EXPECT_GT(seconds[l.path], 2.0) << l.path;
+    EXPECT_LT(seconds[l.path], 600.0) << l.path;
+  }
 }
 
 }  // namespace
