@@ -20,6 +20,8 @@ void AfterStartup();
 void FrameMoment();
 // Just before a control mapping reads its devices (poll moment).
 void PollMoment();
+// After a pass that presented nothing (the tick limit applies there too).
+void IdleMoment();
 // At the end of the run, however it ends: writes the --dump file, the recording.
 void Finish(int exitStatus);
 

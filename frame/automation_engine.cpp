@@ -165,6 +165,11 @@ void FrameMoment() {
   if (e.options.maxTicks && platform::TickMs() >= *e.options.maxTicks) QuitForLimit(e);
 }
 
+void IdleMoment() {
+  Engine& e = State();
+  if (e.options.maxTicks && platform::TickMs() >= *e.options.maxTicks) QuitForLimit(e);
+}
+
 void PollMoment() {
   Engine& e = State();
   if (Counting(e)) e.framesAtPoll.push_back(e.frames);

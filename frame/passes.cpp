@@ -38,6 +38,7 @@ void IdlePass() {
   }
   platform::AdvanceClock(platform::kUnitsPerPass);
   Pace();
+  automation::IdleMoment();
   QuitIfAsked();
 }
 

@@ -24,6 +24,7 @@
 #include "frame/random.h"
 #include "frame/state_exposure.h"
 #include "frontend/settings.h"
+#include "input/control_mapping.h"
 #include "input/input_devices.h"
 #include "platform/backend.h"
 
@@ -69,14 +70,17 @@ struct StartupFailure {
 void StartupHandler(const Options& options) {
   display::Text.GlyphOrder = display::MakeGlyphOrder();
   Frame.AppRunning = true;
+  uint32_t seed = 0;
   if (options.seed) {
-    Randomize(*options.seed);
+    seed = *options.seed;
   } else {
     std::time_t now = std::time(nullptr);
     std::tm local{};
     localtime_r(&now, &local);
-    Randomize(static_cast<uint32_t>(local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec));
+    seed = static_cast<uint32_t>(local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec);
   }
+  Randomize(seed);
+  automation::NoteSeed(seed);
 
   std::string failed;
   if (!display::InitDisplay(failed)) {
@@ -116,6 +120,8 @@ void ShowLoadingScreen() {
 void GameMain() {
   platform::Current().SetMouseCaptured(true);
   frontend::Settings = frontend::MenuSettings{};
+  input::Controls.PointerX = 390;
+  input::Controls.PointerY = 290;
   Frame.AppRunning = true;
   display::Display.ScreenRect = {0, 0, platform::kScreenWidth, platform::kScreenHeight};
   display::CreateBlankSurface(display::Display.Backdrop, platform::kScreenWidth, platform::kScreenHeight, 0);

@@ -7,6 +7,7 @@
 #include "frame/frame_state.h"
 #include "frame/variables.h"
 #include "frontend/settings.h"
+#include "input/control_mapping.h"
 #include "input/input_devices.h"
 
 namespace frame {
@@ -17,6 +18,25 @@ void ExposeProgramState() {
   vars::Expose("PixelValue", display::Display.PixelValue);
   vars::Expose("GlyphOrder", display::Text.GlyphOrder);
   vars::Expose("JoystickOff", input::Input.JoystickOff);
+  vars::Expose("KeyTable", input::Input.KeyTable);
+  input::ControlState& c = input::Controls;
+  vars::Expose("KeyLeft", c.KeyLeft);
+  vars::Expose("KeyRight", c.KeyRight);
+  vars::Expose("KeyDown", c.KeyDown);
+  vars::Expose("KeyFlip", c.KeyFlip);
+  vars::Expose("LatchLeft", c.LatchLeft);
+  vars::Expose("LatchRight", c.LatchRight);
+  vars::Expose("LatchDown", c.LatchDown);
+  vars::Expose("LatchFlip", c.LatchFlip);
+  vars::Expose("PauseRequest", c.PauseRequest);
+  vars::Expose("MouseAccumX", c.MouseAccumX);
+  vars::Expose("PointerX", c.PointerX);
+  vars::Expose("PointerY", c.PointerY);
+  vars::Expose("PointerButton", c.PointerButton);
+  vars::Expose("PointerButton2", c.PointerButton2);
+  vars::Expose("ClickLatch", c.ClickLatch);
+  vars::Expose("ClickLatch2", c.ClickLatch2);
+  vars::Expose("TypedGlyph", c.TypedGlyph);
   frontend::MenuSettings& s = frontend::Settings;
   vars::Expose("GameVariant", s.GameVariant);
   vars::Expose("PlayType", s.PlayType);
