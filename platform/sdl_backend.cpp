@@ -94,7 +94,9 @@ class SdlBackend final : public Backend {
   // SDL has no system beep. A terminal rings for BEL; anywhere else the
   // beep is silent, and a log does not collect stray control characters.
   void Beep() override {
-    if (isatty(STDERR_FILENO)) std::fputc('\a', stderr), std::fflush(stderr);
+    if (!isatty(STDERR_FILENO)) return;
+    std::fputc('\a', stderr);
+    std::fflush(stderr);
   }
 
   bool SaveWindowShot(const std::string& path, std::string& error) override {
