@@ -29,8 +29,15 @@ bool SdlWindow::Open(bool windowed, std::string& error) {
   Uint32 flags = SDL_WINDOW_RESIZABLE;
   // The desktop's own mode, never a mode switch: the picture is scaled instead.
   if (!windowed) flags |= SDL_WINDOW_FULLSCREEN_DESKTOP;
-  window_ = SDL_CreateWindow(kTitle, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, kScreenWidth,
-                             kScreenHeight, flags);
+  // Full screen starts at the desktop's size, so that even without a window
+  // manager to enlarge it the window covers the screen.
+  int w = kScreenWidth, h = kScreenHeight;
+  SDL_DisplayMode desktop;
+  if (!windowed && SDL_GetDesktopDisplayMode(0, &desktop) == 0 && desktop.w > 0 && desktop.h > 0) {
+    w = desktop.w;
+    h = desktop.h;
+  }
+  window_ = SDL_CreateWindow(kTitle, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, w, h, flags);
   if (!window_) {
     error = std::string("cannot create the window: ") + SDL_GetError();
     return false;
@@ -101,6 +108,16 @@ void SdlWindow::SetFullscreen(bool on) {
   if (SDL_SetWindowFullscreen(window_, on ? SDL_WINDOW_FULLSCREEN_DESKTOP : 0) != 0) {
     std::fprintf(stderr, "display: cannot %s full screen: %s\n", on ? "enter" : "leave", SDL_GetError());
     return;
+  }
+  if (!on) {
+    int w = 0, h = 0;
+    SDL_GetWindowSize(window_, &w, &h);
+    // A window left from a desktop-sized start comes back at the game's own size.
+    SDL_DisplayMode desktop;
+    if (SDL_GetDesktopDisplayMode(0, &desktop) == 0 && w >= desktop.w && h >= desktop.h) {
+      SDL_SetWindowSize(window_, kScreenWidth, kScreenHeight);
+      SDL_SetWindowPosition(window_, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED);
+    }
   }
   Refresh();
 }

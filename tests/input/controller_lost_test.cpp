@@ -1,0 +1,87 @@
+// A pad unplugged during play: the controller-lost screen over the frozen
+// picture, Escape back without the pad, F1 with the pad back reconnecting.
+#include <gtest/gtest.h>
+
+#include "display/surface.h"
+#include "frame/automation.h"
+#include "frame/options.h"
+#include "input/control_mapping.h"
+#include "input/input_devices.h"
+#include "platform/backend.h"
+#include "platform/scripted_input.h"
+#include "tests/support/run_game.h"
+
+using namespace input;
+
+namespace {
+
+// Runs ControlCheck once with the pad in use, under the given script.
+void PlayOnePassUnder(const std::string& script) {
+  platform::SetCurrent(platform::MakeHeadlessBackend());
+  platform::scripted::Reset();
+  std::string dir = testsupport::ScratchDir("pad");
+  testsupport::WriteFile(dir + "/s.vs", script);
+  frame::Options options;
+  options.scriptPath = dir + "/s.vs";
+  automation::Configure(options);
+  automation::BeforeStartup();
+  std::string failed;
+  ASSERT_TRUE(display::InitDisplay(failed));
+  Input = InputState{};
+  Controls = ControlState{};
+  InitJoystick();
+  ASSERT_NE(Input.JoystickOff, -1) << "the pad is in use when play starts";
+  automation::EnterScreen("play");
+  ControlCheck();
+}
+
+bool TextColourNear(int x0, int y0, uint16_t colour) {
+  const display::Surface& s = display::Display.PrimarySurface;
+  for (int y = y0; y < y0 + 14; ++y)
+    for (int x = x0; x < x0 + 200; ++x)
+      if (s.Row(y)[x] == colour) return true;
+  return false;
+}
+
+}  // namespace
+
+TEST(ControllerLost, EscapeReturnsWithoutThePad) {
+  PlayOnePassUnder(
+      "0 joy plug\n"
+      "+0p joy unplug\n"
+      "+2p key down Escape\n"
+      "+1p key up Escape\n");
+  EXPECT_EQ(Input.JoystickOff, -1) << "play goes on without the pad";
+  EXPECT_STREQ(automation::CurrentScreen(), "play");
+  EXPECT_TRUE(TextColourNear(152, 225, display::Rgb565(255, 255, 0))) << "the message shows on screen";
+  EXPECT_TRUE(TextColourNear(150, 223, display::Rgb565(100, 0, 0))) << "over its dark red shadow";
+  EXPECT_FALSE(Input.KeyTable[kKeyEscape]) << "it waited for Escape's release";
+}
+
+TEST(ControllerLost, F1WithThePadBackReconnects) {
+  PlayOnePassUnder(
+      "0 joy plug\n"
+      "+0p joy unplug\n"
+      "+1p joy plug\n"
+      "+0p key down F1\n"
+      "+1p key up F1\n"
+      "+1p key down Escape\n"
+      "+1p key up Escape\n");
+  EXPECT_NE(Input.JoystickOff, -1);
+  EXPECT_TRUE(TextColourNear(250, 380, display::Rgb565(255, 255, 0))) << "Connection Established!";
+  platform::scripted::PadAxis(platform::scripted::Axis::X, -1000);
+  ControlCheck();
+  EXPECT_TRUE(Controls.KeyLeft) << "the pad is read again from the next pass";
+}
+
+TEST(ControllerLost, F1WithoutThePadFails) {
+  PlayOnePassUnder(
+      "0 joy plug\n"
+      "+0p joy unplug\n"
+      "+1p key down F1\n"
+      "+1p key up F1\n"
+      "+1p key down Escape\n"
+      "+1p key up Escape\n");
+  EXPECT_EQ(Input.JoystickOff, -1);
+  EXPECT_TRUE(TextColourNear(250, 380, display::Rgb565(255, 0, 0))) << "Connection Failed!";
+}
