@@ -188,4 +188,36 @@ TEST(XvfbSmoke, WindowedRunTakesBothShotsAndEndsInOrder) {
   fs::remove_all(dir);
 }
 
+TEST(XvfbSmoke, ALiveRecordingReplaysHeadlessToTheSameDump) {
+  std::string xvfb = FindInPath("Xvfb");
+  if (xvfb.empty()) GTEST_SKIP() << "Xvfb is not installed";
+  std::string data = VORREL_TEST_DATA;
+  if (data.empty() || !fs::is_directory(data)) GTEST_SKIP() << "no data folder in this build";
+
+  fs::path dir = fs::temp_directory_path() / ("vorrel-record-" + std::to_string(getpid()));
+  fs::remove_all(dir);
+  fs::create_directories(dir / "home");
+  VirtualDisplay display;
+  std::string error;
+  ASSERT_TRUE(display.Start(xvfb, dir, error)) << error;
+  // Live: no seed given, paced to real time; the recording carries the seed.
+  pid_t game = Spawn({VORREL_BINARY, "--windowed", "--data", data, "--home", (dir / "home").string(), "--record",
+                      (dir / "live.vs").string(), "--dump", (dir / "live.json").string(), "--max-frames", "140"},
+                     {"DISPLAY=" + display.Name(), "SDL_AUDIODRIVER=dummy"}, -1, (dir / "live.log").string());
+  ASSERT_EQ(Wait(game, 240), 0) << ReadAll((dir / "live.log").string());
+  std::string recording = ReadAll((dir / "live.vs").string());
+  ASSERT_EQ(recording.rfind("# seed ", 0), 0u) << recording.substr(0, 100);
+  std::string seed = recording.substr(7, recording.find('\n') - 7);
+
+  pid_t replay = Spawn({VORREL_BINARY, "--headless", "--seed", seed, "--data", data, "--home",
+                        (dir / "live.vs.home").string(), "--script", (dir / "live.vs").string(), "--dump",
+                        (dir / "replay.json").string()},
+                       {}, -1, (dir / "replay.log").string());
+  ASSERT_EQ(Wait(replay, 120), 0) << ReadAll((dir / "replay.log").string());
+  std::string live = ReadAll((dir / "live.json").string());
+  EXPECT_FALSE(live.empty());
+  EXPECT_EQ(live, ReadAll((dir / "replay.json").string()));
+  fs::remove_all(dir);
+}
+
 }  // namespace
