@@ -33,6 +33,7 @@ class Music : public ::testing::Test {
   void TearDown() override {
     audio::ShutdownAudio();
     audio::MusicSegment.clear();
+    frontend::Settings = frontend::MenuSettings{};
     std::filesystem::remove_all(dir);
   }
   std::string Started() {

@@ -24,6 +24,7 @@ class SoundEffects : public ::testing::Test {
   void TearDown() override {
     platform::CloseSoundDevice();
     audio::SoundBuffers.Fill(0);
+    frontend::Settings = frontend::MenuSettings{};
     std::filesystem::remove_all(dir);
   }
   void Load(int index) {
