@@ -121,7 +121,7 @@ void ChargeMark(cairo_t* cr, int x, int y, int s) {
 }
 
 // The cord from the top of the charge, bending left then up, and the spark at
-// its end. Returns nothing; every length follows the cell size.
+// its end; every length follows the cell size.
 void Fuse(cairo_t* cr, int x, int y, int s) {
   double cx = x + s / 2.0, top = y + 1;
   double w = std::max(1.5, s * 0.09);
