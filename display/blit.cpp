@@ -12,7 +12,8 @@ namespace display {
 DisplayState Display;
 
 int32_t RoundHalfEven(double v) {
-  if (!std::isfinite(v) || v > 2147483647.0 || v < -2147483648.0) frame::Fail("coordinate out of range");
+  // Far beyond any surface; keeps every sum of a few of them inside 32 bits.
+  if (!std::isfinite(v) || v > 1e9 || v < -1e9) frame::Fail("coordinate out of range");
   return static_cast<int32_t>(std::nearbyint(v));  // the default rounding mode is to nearest, ties to even
 }
 

@@ -66,7 +66,8 @@ std::string DumpText() {
   out.Key("tick");
   out.Int(platform::TickMs());
   out.Key("screen");
-  out.String(e.screen);
+  // A screen is named by its frames: before the first one there is none.
+  out.String(e.frames == 0 ? std::string("none") : e.screen);
   for (const auto& [name, ref] : vars::All()) {
     out.Key(name);
     if (name == "KeyTable" && ref.GetKind() == vars::Kind::Array) {

@@ -148,6 +148,8 @@ void AfterStartup() {
   Engine& e = State();
   e.where = Where::Start;
   Advance(e);
+  if (e.options.maxFrames && *e.options.maxFrames == 0) QuitForLimit(e);
+  if (e.options.maxTicks && platform::TickMs() >= *e.options.maxTicks) QuitForLimit(e);
 }
 
 void FrameMoment() {

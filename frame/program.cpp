@@ -24,6 +24,7 @@
 #include "frame/random.h"
 #include "frame/state_exposure.h"
 #include "frontend/settings.h"
+#include "game/game_state.h"
 #include "input/control_mapping.h"
 #include "input/input_devices.h"
 #include "platform/backend.h"
@@ -89,7 +90,7 @@ void StartupHandler(const Options& options) {
     throw StartupFailure{1};
   }
   // No sound device or no synthesiser only silences the game.
-  audio::OpenAudioDevices(options.headless);
+  audio::OpenAudioDevices(!platform::Current().HasSoundOutput());
   audio::InitAudio();
   if (!input::InitInput(failed)) {
     ShowMessage("DirectX Error: Error Initializing DirectInput",
@@ -98,9 +99,12 @@ void StartupHandler(const Options& options) {
                             "error in a connected joystick. This program will now terminate!"),
                 failed);
     input::ReleaseInput();
+    audio::ShutdownAudio();
     throw StartupFailure{1};
   }
   input::InitJoystick();
+  game::Game.DangerZone = 0;
+  game::Game.DangerZoneBefore = 0;
   audio::FillTrackTable();
   Frame.CreditsText = CreditsLines();
   YieldToSystem();
@@ -118,6 +122,7 @@ void ShowLoadingScreen() {
 }
 
 void GameMain() {
+  game::FillDropDelay();
   platform::Current().SetMouseCaptured(true);
   frontend::Settings = frontend::MenuSettings{};
   input::Controls.PointerX = 390;
@@ -188,6 +193,7 @@ int RunProgram(int argc, char** argv) {
     automation::BeforeStartup();
     StartupHandler(options);
     automation::AfterStartup();
+    if (platform::QuitRequested()) return ExitProgram(0);  // a limit of 0, or `quit` at 0
   } catch (const StartupFailure& f) {
     automation::Finish(f.status);
     return f.status;

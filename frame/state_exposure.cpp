@@ -7,12 +7,31 @@
 #include "frame/frame_state.h"
 #include "frame/variables.h"
 #include "frontend/settings.h"
+#include "game/game_state.h"
 #include "input/control_mapping.h"
 #include "input/input_devices.h"
+
+// Records show as arrays in their field order.
+VARS_RECORD(display::Rect, &display::Rect::Left, &display::Rect::Top, &display::Rect::Right, &display::Rect::Bottom);
+VARS_RECORD(platform::MouseReading, &platform::MouseReading::dx, &platform::MouseReading::dy,
+            &platform::MouseReading::dz, &platform::MouseReading::buttons);
+VARS_RECORD(platform::JoystickReading, &platform::JoystickReading::x, &platform::JoystickReading::y,
+            &platform::JoystickReading::buttons);
 
 namespace frame {
 
 void ExposeProgramState() {
+  display::DisplayState& d = display::Display;
+  vars::Expose("SrcRect", d.SrcRect);
+  vars::Expose("DestRect", d.DestRect);
+  vars::Expose("ScreenRect", d.ScreenRect);
+  vars::Expose("WholeRect", d.WholeRect);
+  vars::Expose("KeyboardState", input::Input.KeyboardState);
+  vars::Expose("MouseState", input::Input.MouseState);
+  vars::Expose("JoystickState", input::Input.JoystickState);
+  vars::Expose("DropDelay", game::Game.DropDelay);
+  vars::Expose("DangerZone", game::Game.DangerZone);
+  vars::Expose("DangerZoneBefore", game::Game.DangerZoneBefore);
   vars::Expose("AppRunning", Frame.AppRunning);
   vars::Expose("LoadStep", Frame.LoadStep);
   vars::Expose("PixelValue", display::Display.PixelValue);

@@ -48,6 +48,8 @@ class Backend {
   // Leaves full screen so that a message box cannot hide behind the window.
   virtual void LeaveFullscreen() = 0;
   virtual void ShowMessageBox(const std::string& title, const std::string& text) = 0;
+  // Whether sound is meant to be heard (the headless back end: no).
+  virtual bool HasSoundOutput() const = 0;
   virtual void Beep() = 0;
   // The window's presented pixels, scaled and letterboxed (window only).
   virtual bool SaveWindowShot(const std::string& path, std::string& error) = 0;

@@ -1,5 +1,6 @@
 #include "platform/bmp_file.h"
 
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <fstream>
@@ -50,6 +51,7 @@ bool Decode(const uint8_t* d, size_t size, Image565& out, std::string& error) {
   int bpp = U16(d + 28);
   uint32_t compression = U32(d + 30);
   uint32_t colours = U32(d + 46);
+  if (h == INT32_MIN) { error = "bad BMP dimensions"; return false; }
   bool topDown = h < 0;
   if (topDown) h = -h;
   if (w <= 0 || h <= 0 || w > 16384 || h > 16384) { error = "bad BMP dimensions"; return false; }

@@ -16,6 +16,7 @@ class HeadlessBackend final : public Backend {
   void LeaveFullscreen() override {}
   // The frame has already written the box to stderr; headless answers it at once.
   void ShowMessageBox(const std::string&, const std::string&) override {}
+  bool HasSoundOutput() const override { return false; }
   void Beep() override {}
   bool SaveWindowShot(const std::string& path, std::string& error) override {
     error = "no window to shoot in a headless run (" + path + " not written)";

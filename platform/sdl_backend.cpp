@@ -83,6 +83,7 @@ class SdlBackend final : public Backend {
     UpdateCapture();
   }
 
+  bool HasSoundOutput() const override { return true; }
   void ShowMessageBox(const std::string& title, const std::string& text) override {
     // The player needs the pointer for the OK button.
     if (captured_) SDL_SetRelativeMouseMode(SDL_FALSE);

@@ -143,8 +143,11 @@ bool SdlWindow::SaveShot(const std::string& path, std::string& error) {
   bool ok = SDL_RenderReadPixels(renderer_, nullptr, SDL_PIXELFORMAT_RGB24, shot->pixels, shot->pitch) == 0;
   if (!ok) error = std::string("cannot read the window's pixels: ") + SDL_GetError();
   SDL_RenderPresent(renderer_);
-  if (ok && IMG_SavePNG(shot, path.c_str()) != 0) {
+  // Written whole or not at all.
+  const std::string part = path + ".part";
+  if (ok && (IMG_SavePNG(shot, part.c_str()) != 0 || std::rename(part.c_str(), path.c_str()) != 0)) {
     error = "cannot write " + path + ": " + IMG_GetError();
+    std::remove(part.c_str());
     ok = false;
   }
   SDL_FreeSurface(shot);

@@ -101,6 +101,9 @@ TEST_F(Catalogue, CharacterAndNumberText) {
   Surface five = Canvas(200, 36);
   DrawNumberText(five, 54, 0, 5, Text.BigDigits, 27, true);
   for (int y = 0; y < 36; ++y)
-    for (int x = 54; x < 54 + 28; ++x)
-      if (five.Row(y)[x] != 0) ASSERT_EQ(five.Row(y)[x], left.Row(y)[x]) << "units digit at the pen";
+    for (int x = 54; x < 54 + 28; ++x) {
+      if (five.Row(y)[x] != 0) {
+        ASSERT_EQ(five.Row(y)[x], left.Row(y)[x]) << "units digit at the pen";
+      }
+    }
 }
