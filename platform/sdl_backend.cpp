@@ -188,6 +188,9 @@ class SdlBackend final : public Backend {
       case SDL_KEYUP:
         keys_.KeyUp(e.key.keysym.scancode);
         break;
+      case SDL_TEXTINPUT:
+        keys_.TextTyped(e.text.text);
+        break;
       case SDL_MOUSEMOTION:
         if (!focused_) break;  // the pointer passing over a window in the background
         mouseDx_ += e.motion.xrel;

@@ -81,6 +81,18 @@ int CharacterCode(SDL_Keycode keycode) {
   }
 }
 
+struct TypedCharacter {
+  char c;
+  uint8_t code;
+  uint8_t shift;  // 0 either way, 1 without, 2 with
+};
+// The characters of the game's keyboard, as the keys that type them on a US board.
+constexpr TypedCharacter kTyped[] = {
+    {'0', 11, 0}, {'1', 2, 1},  {'2', 3, 0},  {'3', 4, 0},   {'4', 5, 0},  {'5', 6, 0},  {'6', 7, 0},
+    {'7', 8, 1},  {'8', 9, 0},  {'9', 10, 0}, {'&', 8, 2},   {'!', 2, 2},  {'?', 53, 2}, {'/', 53, 1},
+    {'+', 13, 2}, {'-', 12, 0}, {':', 39, 2}, {'"', 40, 2},  {'\'', 40, 1}, {'.', 52, 1},
+};
+
 }  // namespace
 
 int GameKeyCode(SDL_Scancode scancode, SDL_Keycode keycode) {
@@ -105,26 +117,57 @@ WindowKey KeyState::KeyDown(SDL_Scancode scancode, SDL_Keycode keycode, bool alt
   if (code) {
     held_[scancode] = static_cast<uint8_t>(code);
     tapped_[code] = 1;
+    shiftFor_[scancode] = 0;
+    lastDown_ = scancode;
   }
   return WindowKey::kNone;
+}
+
+void KeyState::TextTyped(const char* utf8) {
+  if (!utf8 || !utf8[0] || utf8[1] || lastDown_ == SDL_SCANCODE_UNKNOWN) return;  // one ASCII character
+  const SDL_Scancode key = lastDown_;
+  lastDown_ = SDL_SCANCODE_UNKNOWN;
+  if (!held_[key] || !FindCode(kCharacterPlaces, std::size(kCharacterPlaces), key)) return;
+  char c = utf8[0];
+  if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  int code = c >= 'a' && c <= 'z' ? CharacterCode(SDLK_a + (c - 'a')) : 0;
+  uint8_t shift = 0;
+  for (const TypedCharacter& t : kTyped)
+    if (t.c == c) code = t.code, shift = t.shift;
+  if (!code) return;
+  tapped_[held_[key]] = 0;
+  held_[key] = static_cast<uint8_t>(code);
+  tapped_[code] = 1;
+  shiftFor_[key] = shift;
+  tapShift_ = shift;
 }
 
 void KeyState::KeyUp(SDL_Scancode scancode) {
   if (static_cast<unsigned>(scancode) >= SDL_NUM_SCANCODES) return;
   held_[scancode] = 0;
+  shiftFor_[scancode] = 0;
   windowOwned_[scancode] = 0;
 }
 
 void KeyState::ReleaseAll() {
   std::memset(held_, 0, sizeof held_);
   std::memset(windowOwned_, 0, sizeof windowOwned_);
+  std::memset(shiftFor_, 0, sizeof shiftFor_);
 }
 
 void KeyState::Read(uint8_t state[256]) {
   std::memcpy(state, tapped_, 256);
   std::memset(tapped_, 0, sizeof tapped_);
-  for (uint8_t code : held_)
-    if (code) state[code] = 1;
+  uint8_t shift = tapShift_;
+  tapShift_ = 0;
+  for (int s = 0; s < SDL_NUM_SCANCODES; ++s) {
+    if (!held_[s]) continue;
+    state[held_[s]] = 1;
+    if (shiftFor_[s]) shift = shiftFor_[s];
+  }
+  // A typed character brings the Shift state its glyph needs in the game's table.
+  if (shift == 1) state[42] = state[54] = 0;
+  if (shift == 2) state[42] = 1;
 }
 
 }  // namespace platform

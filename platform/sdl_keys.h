@@ -28,6 +28,11 @@ class KeyState {
   // altHeld: either Alt key is down (from the event's modifiers).
   WindowKey KeyDown(SDL_Scancode scancode, SDL_Keycode keycode, bool altHeld, bool repeat);
   void KeyUp(SDL_Scancode scancode);
+  // The character the last key press typed, with the layout's own Shift
+  // rules: the key then reads as the game's key for that character, with the
+  // Shift state the game's keyboard needs for it ("/" on a German Shift+7
+  // reads as the slash key without Shift).
+  void TextTyped(const char* utf8);
   // Focus lost: releases of keys held now will not be seen.
   void ReleaseAll();
   void Read(uint8_t state[256]);
@@ -38,6 +43,10 @@ class KeyState {
   uint8_t held_[SDL_NUM_SCANCODES] = {};
   uint8_t tapped_[256] = {};
   uint8_t windowOwned_[SDL_NUM_SCANCODES] = {};  // pressed for the window, not yet released
+  // Shift as a typed character needs it: 0 as the keys are, 1 up, 2 down.
+  uint8_t shiftFor_[SDL_NUM_SCANCODES] = {};
+  uint8_t tapShift_ = 0;
+  SDL_Scancode lastDown_ = SDL_SCANCODE_UNKNOWN;
 };
 
 }  // namespace platform

@@ -56,6 +56,39 @@ TEST(SdlKeys, CharacterKeysFollowTheLayout) {
   EXPECT_EQ(GameKeyCode(SDL_SCANCODE_SEMICOLON, SDL_Keycode(0xF6)), 39);
 }
 
+TEST(SdlKeys, TypedCharactersComeOutAsTyped) {
+  // German Shift+7 types "/": the game sees the slash key without Shift.
+  KeyState de;
+  de.KeyDown(SDL_SCANCODE_LSHIFT, SDLK_LSHIFT, false, false);
+  de.KeyDown(SDL_SCANCODE_7, SDLK_7, false, false);
+  de.TextTyped("/");
+  EXPECT_EQ(Down(de), std::vector<int>({53}));
+  de.KeyUp(SDL_SCANCODE_7);
+  EXPECT_EQ(Down(de), std::vector<int>({42})) << "Shift is the player's again once the key is up";
+
+  // French: the & key types "&" (the game's Shift+7), Shift+& types "1" (no Shift).
+  KeyState fr;
+  fr.KeyDown(SDL_SCANCODE_1, SDLK_AMPERSAND, false, false);
+  fr.TextTyped("&");
+  EXPECT_EQ(Down(fr), std::vector<int>({8, 42}));
+  fr.KeyUp(SDL_SCANCODE_1);
+  Down(fr);
+  fr.KeyDown(SDL_SCANCODE_RSHIFT, SDLK_RSHIFT, false, false);
+  fr.KeyDown(SDL_SCANCODE_1, SDLK_AMPERSAND, false, false);
+  fr.TextTyped("1");
+  EXPECT_EQ(Down(fr), std::vector<int>({2}));
+  fr.KeyUp(SDL_SCANCODE_1);
+  // A quick tap between two reads keeps its character and Shift.
+  fr.KeyDown(SDL_SCANCODE_COMMA, SDLK_SEMICOLON, false, false);
+  fr.TextTyped(".");
+  fr.KeyUp(SDL_SCANCODE_COMMA);
+  EXPECT_EQ(Down(fr), std::vector<int>({52}));
+  // A character the game has no glyph for leaves the key as it was.
+  fr.KeyDown(SDL_SCANCODE_2, SDL_Keycode(0xE9), false, false);
+  fr.TextTyped("\xC3\xA9");
+  EXPECT_EQ(Down(fr), std::vector<int>({3, 54}));
+}
+
 TEST(SdlKeys, WindowKeysAndUnknownKeysGiveNothing) {
   EXPECT_EQ(GameKeyCode(SDL_SCANCODE_F11, SDLK_F11), 0);
   EXPECT_EQ(GameKeyCode(SDL_SCANCODE_F12, SDLK_F12), 0);
