@@ -1,4 +1,5 @@
 // When script lines run: moments, polls, the start-up, the end.
+#include <algorithm>
 #include <cstdio>
 
 #include "frame/automation_internal.h"
@@ -192,6 +193,15 @@ void Finish(int exitStatus) {
   Engine& e = State();
   if (e.finished) return;
   e.finished = true;
+  // Lines that never ran are worth a word: a moment never reached, or
+  // acting lines waiting for a poll that never came.
+  size_t unrun = e.pending.size() + (e.lines.size() - std::min(e.cursor, e.lines.size()));
+  if (unrun > 0 && !e.options.scriptPath.empty()) {
+    int first = !e.pending.empty() ? e.lines[e.pending.front()].lineNumber
+                                   : e.lines[std::min(e.cursor, e.lines.size() - 1)].lineNumber;
+    std::fprintf(stderr, "vorrel: %s: %zu script line(s) never ran, the first at line %d\n",
+                 e.options.scriptPath.c_str(), unrun, first);
+  }
   if (!e.options.dumpPath.empty()) {
     std::string error;
     if (!WriteDump(e.options.dumpPath, error)) std::fprintf(stderr, "vorrel: dump: %s\n", error.c_str());
