@@ -13,6 +13,7 @@
 #include "platform/sdl_keys.h"
 #include "platform/sdl_pacer.h"
 #include "platform/sdl_window.h"
+#include "platform/sound_device.h"
 
 namespace platform {
 namespace {
@@ -92,10 +93,10 @@ class SdlBackend final : public Backend {
     UpdateCapture();
   }
 
-  // SDL has no system beep. A terminal rings for BEL; anywhere else the
-  // beep is silent, and a log does not collect stray control characters.
+  // SDL has no system beep: a chime through the mixer, or else a terminal's
+  // bell (a log does not collect stray control characters).
   void Beep() override {
-    if (!isatty(STDERR_FILENO)) return;
+    if (PlaySystemBeep() || !isatty(STDERR_FILENO)) return;
     std::fputc('\a', stderr);
     std::fflush(stderr);
   }

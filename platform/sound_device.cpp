@@ -6,7 +6,10 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
+#include <vector>
 #include <cstdio>
 
 #include "frame/errors.h"
@@ -59,7 +62,8 @@ bool OpenMixer(std::string& why) {
     return false;
   }
   // Channel = sound index: a slot never overlaps itself, different slots mix.
-  Mix_AllocateChannels(kSoundSlots);
+  // One more channel for the system beep.
+  Mix_AllocateChannels(kSoundSlots + 1);
   return true;
 }
 
@@ -88,6 +92,26 @@ void CloseSoundDevice() {
 }
 
 bool SoundDeviceAudible() { return mixerOpen; }
+
+bool PlaySystemBeep() {
+  if (!mixerOpen) return false;
+  // A short two-tone chime, made once: the desktop has no beep of its own.
+  static std::vector<int16_t> samples;
+  static Mix_Chunk* chunk = nullptr;
+  if (!chunk) {
+    const int rate = 44100, n = rate * 14 / 100;
+    samples.resize(static_cast<size_t>(n) * 2);
+    for (int i = 0; i < n; ++i) {
+      double t = double(i) / rate, f = i < n / 2 ? 880.0 : 660.0;
+      double env = std::min(1.0, std::min(i, n - i) / 220.0);
+      auto v = static_cast<int16_t>(6000.0 * env * std::sin(2 * 3.14159265358979 * f * t));
+      samples[2 * i] = samples[2 * i + 1] = v;
+    }
+    chunk = Mix_QuickLoad_RAW(reinterpret_cast<Uint8*>(samples.data()), static_cast<Uint32>(samples.size() * 2));
+    if (!chunk) return false;
+  }
+  return Mix_PlayChannel(kSoundSlots, chunk, 0) >= 0;
+}
 
 void LoadSoundSlot(int slot, const std::string& path) {
   Slot& s = At(slot);

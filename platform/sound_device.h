@@ -16,6 +16,8 @@ void OpenSoundDevice(bool silent);
 void CloseSoundDevice();
 // True while the real mixer runs (the music is rendered into its stream).
 bool SoundDeviceAudible();
+// A short chime on a channel of its own; false when nothing can sound.
+bool PlaySystemBeep();
 
 // Loads a WAV file into a slot. A missing or unreadable file throws
 // frame::GameFault naming it.
