@@ -79,26 +79,28 @@ void JsonWriter::Int(long long v) {
   out_ += std::to_string(v);
 }
 
-void JsonWriter::Real(double v) {
-  BeforeValue();
+namespace {
+// Shortest text that reads back as the same value; non-finite values are null.
+template <class T>
+void AppendNumber(std::string& out, T v) {
   if (!std::isfinite(v)) {
-    out_ += "null";
+    out += "null";
     return;
   }
   char buf[64];
   auto res = std::to_chars(buf, buf + sizeof buf, v);
-  out_.append(buf, res.ptr);
+  out.append(buf, res.ptr);
+}
+}  // namespace
+
+void JsonWriter::Real(double v) {
+  BeforeValue();
+  AppendNumber(out_, v);
 }
 
 void JsonWriter::Float(float v) {
   BeforeValue();
-  if (!std::isfinite(v)) {
-    out_ += "null";
-    return;
-  }
-  char buf[64];
-  auto res = std::to_chars(buf, buf + sizeof buf, v);
-  out_.append(buf, res.ptr);
+  AppendNumber(out_, v);
 }
 
 void JsonWriter::Bool(bool v) {

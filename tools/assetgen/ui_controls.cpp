@@ -153,15 +153,7 @@ ASSETGEN_GENERATOR(ui_check) {
   cairo_set_line_cap(cr, CAIRO_LINE_CAP_ROUND);
   cairo_set_line_join(cr, CAIRO_LINE_JOIN_ROUND);
   cairo_path_t* path = cairo_copy_path(cr);
-  cairo_set_line_width(cr, 4.6);
-  Set(cr, pal::kInk);
-  cairo_stroke(cr);
-  cairo_append_path(cr, path);
-  cairo_set_line_width(cr, 2.4);
-  cairo_pattern_t* p = RampPattern(pal::kGreen, 2, 12);
-  cairo_set_source(cr, p);
-  cairo_stroke(cr);
-  cairo_pattern_destroy(p);
+  InkedRampStroke(cr, path, 4.6, 2.4, pal::kGreen, 2, 12);
   cairo_path_destroy(path);
   Save(ctx, entry, c);
 }

@@ -77,15 +77,7 @@ void EndKey(cairo_t* cr, double cx) {
   cairo_set_line_cap(cr, CAIRO_LINE_CAP_ROUND);
   cairo_set_line_join(cr, CAIRO_LINE_JOIN_ROUND);
   cairo_path_t* path = cairo_copy_path(cr);
-  cairo_set_line_width(cr, 14);
-  Set(cr, pal::kInk);
-  cairo_stroke(cr);
-  cairo_append_path(cr, path);
-  cairo_set_line_width(cr, 7);
-  cairo_pattern_t* p = RampPattern(pal::kGreen, 9, 41);
-  cairo_set_source(cr, p);
-  cairo_stroke(cr);
-  cairo_pattern_destroy(p);
+  InkedRampStroke(cr, path, 14, 7, pal::kGreen, 9, 41);
   cairo_append_path(cr, path);
   cairo_set_line_width(cr, 2);
   Set(cr, {230, 255, 210}, 0.7);

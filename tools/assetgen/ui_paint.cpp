@@ -15,6 +15,19 @@ cairo_pattern_t* RampPattern(const Ramp& r, double y0, double y1) {
   return p;
 }
 
+void InkedRampStroke(cairo_t* cr, cairo_path_t* path, double inkWidth, double width, const Ramp& r, double y0,
+                     double y1) {
+  cairo_set_line_width(cr, inkWidth);
+  Set(cr, pal::kInk);
+  cairo_stroke(cr);
+  cairo_append_path(cr, path);
+  cairo_set_line_width(cr, width);
+  cairo_pattern_t* p = RampPattern(r, y0, y1);
+  cairo_set_source(cr, p);
+  cairo_stroke(cr);
+  cairo_pattern_destroy(p);
+}
+
 void RoundRect(cairo_t* cr, double x, double y, double w, double h, double radius) {
   double r = std::min({radius, w / 2, h / 2});
   cairo_new_sub_path(cr);

@@ -43,6 +43,10 @@ inline constexpr Col kNavyInk{10, 16, 40};    // outline of navy plates
 }  // namespace pal
 
 cairo_pattern_t* RampPattern(const Ramp& r, double y0, double y1);
+// Strokes the current path (a copy of which is path) twice: a dark ink
+// outline, then the ramp-coloured line inside it. The path is left empty.
+void InkedRampStroke(cairo_t* cr, cairo_path_t* path, double inkWidth, double width, const Ramp& r, double y0,
+                     double y1);
 
 void RoundRect(cairo_t* cr, double x, double y, double w, double h, double radius);
 
