@@ -2,7 +2,7 @@
 
 #include "audio/music.h"
 #include "audio/sound_effects.h"
-#include "frame/variables.h"
+#include "core/variables.h"
 #include "platform/sound_device.h"
 
 namespace audio {

@@ -3,18 +3,18 @@
 #include <cmath>
 #include <optional>
 
-#include "frame/automation.h"
-#include "frame/paths.h"
-#include "frame/random.h"
-#include "frontend/settings.h"
+#include "core/hooks.h"
+#include "platform/paths.h"
+#include "core/random.h"
+#include "core/settings.h"
 #include "platform/music_device.h"
 #include "platform/settings_store.h"
 #include "platform/sound_device.h"
 
 namespace audio {
 
-frame::Table<std::string, 0, 50> TrackTitles = [] {
-  frame::Table<std::string, 0, 50> t;
+core::Table<std::string, 0, 50> TrackTitles = [] {
+  core::Table<std::string, 0, 50> t;
   t.name = "TrackTitles";
   return t;
 }();
@@ -74,20 +74,20 @@ void InitAudio() {
 
 void PlayMidi(const std::string& fileName, bool loop) {
   const std::string title = BaseName(fileName);
-  automation::NoteMusicPlay(title, loop);
+  core::NoteMusicPlay(title, loop);
   // A repeat count of 100: the piece plays 101 times and then stops.
   platform::StartMidiFile(fileName, loop ? 101 : 1);
   MusicSegment = title;
 }
 
 void StopMidi() {
-  automation::NoteMusicStop();
+  core::NoteMusicStop();
   if (MusicSegment.empty()) return;
   platform::StopMidiFile();
 }
 
 void SetMusicTempo(int16_t percent) {
-  automation::NoteMusicTempo(percent);
+  core::NoteMusicTempo(percent);
   MusicTempo = percent;
   platform::SetMidiTempo(percent / 100.0);
 }
@@ -104,10 +104,10 @@ void StopMusic() { StopMidi(); }
 
 void PlayMusic(int16_t& track, bool loop) {
   StopMusic();
-  if (frontend::Settings.MusicOn != 1) return;
-  if (track == 0) track = static_cast<int16_t>(frame::RandomInt(30, 1));
+  if (core::Settings.MusicOn != 1) return;
+  if (track == 0) track = static_cast<int16_t>(core::RandomInt(30, 1));
   MusicPath = "\\music\\" + TrackTitles[track] + ".mid";
-  PlayMidi(frame::DataPath(MusicPath), loop);
+  PlayMidi(platform::DataPath(MusicPath), loop);
 }
 
 }  // namespace audio

@@ -5,12 +5,12 @@
 #include <cstdint>
 #include <string>
 
-#include "frame/table.h"
+#include "core/table.h"
 
 namespace audio {
 
 // Titles are also the files' base names: music\<title>.mid.
-extern frame::Table<std::string, 0, 50> TrackTitles;
+extern core::Table<std::string, 0, 50> TrackTitles;
 // Hundredths of a decibel, read once by InitAudio (default 500, +5 dB).
 extern int32_t MusicVolume;
 // The file PlayMusic chose last, as the game names it below the data folder

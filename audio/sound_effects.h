@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "frame/table.h"
+#include "core/table.h"
 
 namespace audio {
 
@@ -12,14 +12,14 @@ inline constexpr int kSoundSlotCount = 201;
 inline constexpr int kFirstVoice = 100;
 
 // Which slots hold a buffer (1) and which are empty (0).
-extern frame::Table<int16_t, 0, 200> SoundBuffers;
+extern core::Table<int16_t, 0, 200> SoundBuffers;
 
 // The file of a slot below "\sounds\", "" for an empty slot or an index
 // outside the table. 90 slots have one.
 const std::string& SoundFileName(int index);
 
 // Loads the slot from the game path ("\sounds\flip.wav"). A missing or
-// unreadable file throws frame::GameFault naming it.
+// unreadable file throws core::GameFault naming it.
 void LoadSoundBuffer(int index, const std::string& gamePath);
 
 // Effects obey SoundOn, voices VoiceOn, read at each call. Stops the slot,

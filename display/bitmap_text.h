@@ -5,7 +5,7 @@
 #include <string>
 
 #include "display/surface.h"
-#include "frame/table.h"
+#include "core/table.h"
 
 namespace display {
 
@@ -13,11 +13,11 @@ struct TextState {
   // Position p (from 1) of a character selects glyph p - 1; glyph 47 is the
   // high-score keyboard's end key and has no character.
   std::string GlyphOrder;
-  frame::Table<Surface, 0, 49> BigGlyphs;    // 48: the sheet, 49: the keyboard's selection frame
-  frame::Table<Surface, 0, 48> SmallGlyphs;  // 48: the sheet
-  frame::Table<Surface, 0, 10> StatDigits;   // 10: the sheet
-  frame::Table<Surface, 0, 10> ScoreDigits;  // 10: the sheet
-  frame::Table<Surface, 0, 10> BigDigits;    // 10: the Bomb's eraser sign
+  core::Table<Surface, 0, 49> BigGlyphs;    // 48: the sheet, 49: the keyboard's selection frame
+  core::Table<Surface, 0, 48> SmallGlyphs;  // 48: the sheet
+  core::Table<Surface, 0, 10> StatDigits;   // 10: the sheet
+  core::Table<Surface, 0, 10> ScoreDigits;  // 10: the sheet
+  core::Table<Surface, 0, 10> BigDigits;    // 10: the Bomb's eraser sign
   Surface BigDigitSheet;
 };
 extern TextState Text;

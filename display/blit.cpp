@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "display/surface.h"
-#include "frame/errors.h"
+#include "core/errors.h"
 
 namespace display {
 
@@ -13,7 +13,7 @@ DisplayState Display;
 
 int32_t RoundHalfEven(double v) {
   // Far beyond any surface; keeps every sum of a few of them inside 32 bits.
-  if (!std::isfinite(v) || v > 1e9 || v < -1e9) frame::Fail("coordinate out of range");
+  if (!std::isfinite(v) || v > 1e9 || v < -1e9) core::Fail("coordinate out of range");
   return static_cast<int32_t>(std::nearbyint(v));  // the default rounding mode is to nearest, ties to even
 }
 
@@ -45,7 +45,7 @@ void Copy(Surface& dest, const Surface& srcIn, double dl, double dt, double dw, 
   int32_t dL = RoundHalfEven(dl), dT = RoundHalfEven(dt), dW = RoundHalfEven(dw), dH = RoundHalfEven(dh);
   S = {sL, sT, sL + sW, sT + sH};
   D = {dL, dT, dL + dW, dT + dH};
-  if (!srcIn.Exists() || !dest.Exists()) frame::Fail("blit with a surface that was never created");
+  if (!srcIn.Exists() || !dest.Exists()) core::Fail("blit with a surface that was never created");
   if (sW <= 0 || sH <= 0 || dW <= 0 || dH <= 0) return;
 
   // A copy of a surface onto itself reads the whole source first.
@@ -121,7 +121,7 @@ void BltOpaque(Surface& dest, double dl, double dt, double dw, double dh, const 
 }
 
 void FillSurface(Surface& surface, const Rect& rect, uint16_t value) {
-  if (!surface.Exists()) frame::Fail("fill of a surface that was never created");
+  if (!surface.Exists()) core::Fail("fill of a surface that was never created");
   Rect r = rect;
   if (r.Left == 0 && r.Top == 0 && r.Right == 0 && r.Bottom == 0) r = {0, 0, surface.Width, surface.Height};
   Rect out = WritableArea(surface);

@@ -6,7 +6,7 @@
 #include <unordered_map>
 
 #include "display/surface.h"
-#include "frame/errors.h"
+#include "core/errors.h"
 #include "platform/text_raster.h"
 
 namespace display {
@@ -27,7 +27,7 @@ void Plot(Surface& s, int32_t x, int32_t y, uint16_t v) {
 }
 
 void Touched(Surface& s) {
-  if (!s.Exists()) frame::Fail("drawing on a surface that was never created");
+  if (!s.Exists()) core::Fail("drawing on a surface that was never created");
   if (&s == &Display.PrimarySurface) Display.FrontDirty = true;
 }
 
@@ -39,7 +39,7 @@ const platform::TextMask& MaskFor(const std::string& text) {
   if (it != cache.end()) return it->second;
   platform::TextMask mask;
   std::string error;
-  if (!platform::RasteriseText(text, mask, error)) frame::Fail("draw text: " + error);
+  if (!platform::RasteriseText(text, mask, error)) core::Fail("draw text: " + error);
   if (cache.size() >= 512) {
     cache.erase(order.front());
     order.pop_front();

@@ -1,6 +1,6 @@
 // Single-pixel access and the channel filter, on the 565 values.
 #include "display/surface.h"
-#include "frame/errors.h"
+#include "core/errors.h"
 
 namespace display {
 
@@ -9,7 +9,7 @@ uint16_t& PixelAt(Surface& s, double xd, double yd, const char* call) {
   int32_t x = RoundHalfEven(xd), y = RoundHalfEven(yd);
   Display.SrcRect = {x, y, x, y};
   if (!s.Exists() || x < 0 || y < 0 || x >= s.Width || y >= s.Height)
-    frame::Fail(std::string(call) + " outside the surface at (" + std::to_string(x) + ", " + std::to_string(y) + ")");
+    core::Fail(std::string(call) + " outside the surface at (" + std::to_string(x) + ", " + std::to_string(y) + ")");
   return s.Row(y)[x];
 }
 }  // namespace
@@ -26,7 +26,7 @@ void FilterRect(Surface& s, double ld, double td, double wd, double hd, double f
   Display.SrcRect = {l, t, l + w, t + h};
   if (w <= 0 || h <= 0) return;
   if (!s.Exists() || l < 0 || t < 0 || l + w > s.Width || t + h > s.Height)
-    frame::Fail("FilterRect outside the surface");
+    core::Fail("FilterRect outside the surface");
   static constexpr uint32_t kMasks[3] = {0xF800, 0x07E0, 0x001F};
   for (int32_t y = t; y < t + h; ++y) {
     uint16_t* row = s.Row(y);

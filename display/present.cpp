@@ -2,8 +2,8 @@
 #include <utility>
 
 #include "display/surface.h"
-#include "frame/errors.h"
-#include "frame/passes.h"
+#include "core/errors.h"
+#include "display/passes.h"
 #include "platform/backend.h"
 
 namespace display {
@@ -25,18 +25,18 @@ bool InitDisplay(std::string& failedCall) {
 void PresentFrame(int mode) {
   Surface& front = Display.PrimarySurface;
   Surface& back = Display.BackBuffer;
-  if (!front.Exists() || !back.Exists()) frame::Fail("PresentFrame before the display exists");
+  if (!front.Exists() || !back.Exists()) core::Fail("PresentFrame before the display exists");
   // The flip: the composed picture becomes the one on screen.
   std::swap(front.Pixels, back.Pixels);
   platform::Current().ShowPicture(front.Pixels.data());
   Display.FrontDirty = false;
   if (mode <= 0) {
-    if (!Display.Backdrop.Exists()) frame::Fail("PresentFrame(0) without a backdrop");
+    if (!Display.Backdrop.Exists()) core::Fail("PresentFrame(0) without a backdrop");
     BltOpaque(back, 0, 0, back.Width, back.Height, Display.Backdrop, 0, 0, back.Width, back.Height);
   } else {
     FillSurface(back, Display.WholeRect, static_cast<uint16_t>(mode - 1));
   }
-  frame::FramePresented();
+  display::FramePresented();
 }
 
 void ShutdownDirectX() {

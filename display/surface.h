@@ -53,7 +53,7 @@ bool InitDisplay(std::string& failedCall);
 void ShutdownDirectX();
 
 // path: the game's relative path with backslashes ("\graphics\bombs.bmp").
-// Throws frame::GameFault naming the file when it cannot be read.
+// Throws core::GameFault naming the file when it cannot be read.
 void LoadSurface(Surface& surface, const std::string& path, int width, int height, int colourKey = 0);
 void CreateBlankSurface(Surface& surface, int width, int height, int colourKey = 0);
 

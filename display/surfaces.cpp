@@ -2,8 +2,8 @@
 #include <map>
 
 #include "display/surface.h"
-#include "frame/errors.h"
-#include "frame/paths.h"
+#include "core/errors.h"
+#include "platform/paths.h"
 #include "platform/bmp_file.h"
 
 namespace display {
@@ -16,7 +16,7 @@ std::map<std::string, Surface*>& Names() {
 
 void CheckSize(int width, int height, const std::string& what) {
   if (width <= 0 || height <= 0 || width > 8192 || height > 8192)
-    frame::Fail(what + ": bad surface size " + std::to_string(width) + " x " + std::to_string(height));
+    core::Fail(what + ": bad surface size " + std::to_string(width) + " x " + std::to_string(height));
 }
 }  // namespace
 
@@ -35,10 +35,10 @@ void CreateBlankSurface(Surface& surface, int width, int height, int colourKey) 
 
 void LoadSurface(Surface& surface, const std::string& path, int width, int height, int colourKey) {
   CheckSize(width, height, path);
-  std::string file = frame::DataPath(path);
+  std::string file = platform::DataPath(path);
   bmp::Image565 img;
   std::string error;
-  if (!bmp::Read(file, img, error)) frame::Fail("LoadSurface " + error);
+  if (!bmp::Read(file, img, error)) core::Fail("LoadSurface " + error);
   if (img.width != width || img.height != height) img = bmp::Scale(img, width, height);
   CreateBlankSurface(surface, width, height, colourKey);
   surface.Pixels = std::move(img.pixels);

@@ -3,13 +3,13 @@
 // screens that show them (menu banners, status panel, backdrops, bombs).
 #pragma once
 #include "display/surface.h"
-#include "frame/table.h"
+#include "core/table.h"
 
 namespace frame {
 
 using display::Surface;
 template <class T, long long N>
-using Row0 = Table<T, 0, N - 1>;
+using Row0 = core::Table<T, 0, N - 1>;
 
 struct AssetSurfaces {
   Surface PieceStatsImage, BombStripImage, DetonatorStripImage, LineArrowImage, ColumnArrowImage, EarthImage;

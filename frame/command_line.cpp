@@ -4,7 +4,7 @@
 #include <limits>
 #include <string>
 
-#include "frame/options.h"
+#include "frame/command_line.h"
 
 namespace frame {
 namespace {
@@ -37,7 +37,7 @@ bool Complain(const std::string& message) {
 
 }  // namespace
 
-bool ParseCommandLine(int argc, char** argv, Options& out, bool& help) {
+bool ParseCommandLine(int argc, char** argv, automation::Options& out, bool& help) {
   help = false;
   for (int i = 1; i < argc; ++i) {
     std::string arg = argv[i];

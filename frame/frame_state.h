@@ -7,7 +7,6 @@
 namespace frame {
 
 struct FrameState {
-  bool AppRunning = true;               // cleared by the menu's exit tab and by F10
   int32_t LoadStep = 0;                 // creation steps of the catalogue
   std::vector<std::string> CreditsText; // the final screen's scrolling lines
 };

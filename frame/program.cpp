@@ -13,17 +13,18 @@
 #include "audio/sound_effects.h"
 #include "display/bitmap_text.h"
 #include "display/surface.h"
-#include "frame/automation.h"
+#include "automation/automation.h"
 #include "frame/catalogue.h"
 #include "frame/credits.h"
-#include "frame/errors.h"
+#include "core/errors.h"
 #include "frame/frame_state.h"
-#include "frame/options.h"
-#include "frame/passes.h"
-#include "frame/paths.h"
-#include "frame/random.h"
+#include "core/run_state.h"
+#include "frame/command_line.h"
+#include "display/passes.h"
+#include "platform/paths.h"
+#include "core/random.h"
 #include "frame/state_exposure.h"
-#include "frontend/settings.h"
+#include "core/settings.h"
 #include "game/game_state.h"
 #include "input/control_mapping.h"
 #include "input/input_devices.h"
@@ -68,9 +69,9 @@ struct StartupFailure {
 
 // The start-up handler, in its order; a failure of the display or the
 // devices is fatal with its own message.
-void StartupHandler(const Options& options) {
+void StartupHandler(const automation::Options& options) {
   display::Text.GlyphOrder = display::MakeGlyphOrder();
-  Frame.AppRunning = true;
+  core::Run.AppRunning = true;
   uint32_t seed = 0;
   if (options.seed) {
     seed = *options.seed;
@@ -80,7 +81,7 @@ void StartupHandler(const Options& options) {
     localtime_r(&now, &local);
     seed = static_cast<uint32_t>(local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec);
   }
-  Randomize(seed);
+  core::Randomize(seed);
   automation::NoteSeed(seed);
 
   std::string failed;
@@ -107,7 +108,7 @@ void StartupHandler(const Options& options) {
   game::Game.DangerZoneBefore = 0;
   audio::FillTrackTable();
   Frame.CreditsText = CreditsLines();
-  YieldToSystem();
+  display::YieldToSystem();
 }
 
 void ShowLoadingScreen() {
@@ -116,7 +117,7 @@ void ShowLoadingScreen() {
   for (int frameNo = 0; frameNo < 120; ++frameNo) {
     display::FillSurface(back, display::Display.WholeRect, 0);
     DrawLoadingTexts();
-    YieldToSystem();
+    display::YieldToSystem();
     display::PresentFrame(0);
   }
 }
@@ -124,10 +125,10 @@ void ShowLoadingScreen() {
 void GameMain() {
   game::FillDropDelay();
   platform::Current().SetMouseCaptured(true);
-  frontend::Settings = frontend::MenuSettings{};
+  core::Settings = core::MenuSettings{};
   input::Controls.PointerX = 390;
   input::Controls.PointerY = 290;
-  Frame.AppRunning = true;
+  core::Run.AppRunning = true;
   display::Display.ScreenRect = {0, 0, platform::kScreenWidth, platform::kScreenHeight};
   display::CreateBlankSurface(display::Display.Backdrop, platform::kScreenWidth, platform::kScreenHeight, 0);
   ShowLoadingScreen();
@@ -147,11 +148,6 @@ void ShowMessage(const std::string& title, const std::string& text, const std::s
   platform::Current().ShowMessageBox(title, text);
 }
 
-[[noreturn]] void TableIndexFault(const char* table, long long index, long long lo, long long hi) {
-  throw GameFault(std::string("index ") + std::to_string(index) + " outside " + table + " (" + std::to_string(lo) +
-                  ".." + std::to_string(hi) + ")");
-}
-
 // Releases every platform object in order; the caller ends the process.
 int ExitProgram(int status) {
   try {
@@ -166,7 +162,7 @@ int ExitProgram(int status) {
 }
 
 int RunProgram(int argc, char** argv) {
-  Options options;
+  automation::Options options;
   bool help = false;
   if (!ParseCommandLine(argc, argv, options, help)) return 2;
   if (help) return 0;
@@ -177,13 +173,13 @@ int RunProgram(int argc, char** argv) {
     std::fprintf(stderr, "vorrel: no game data in %s (expected its graphics/ folder there)\n", data.c_str());
     return 2;
   }
-  SetDataFolder(data);
-  SetHomeFolder(options.homeDir);
+  platform::SetDataFolder(data);
+  platform::SetHomeFolder(options.homeDir);
 
   platform::SetCurrent(options.headless ? platform::MakeHeadlessBackend() : platform::MakeSdlBackend(options.windowed));
   try {
     automation::Configure(options);
-  } catch (const UsageError& e) {
+  } catch (const core::UsageError& e) {
     std::fprintf(stderr, "vorrel: %s\n", e.what());
     return 2;
   }
@@ -197,9 +193,9 @@ int RunProgram(int argc, char** argv) {
   } catch (const StartupFailure& f) {
     automation::Finish(f.status);
     return f.status;
-  } catch (const OrderlyQuit&) {
+  } catch (const core::OrderlyQuit&) {
     return ExitProgram(0);
-  } catch (const UsageError& e) {
+  } catch (const core::UsageError& e) {
     std::fprintf(stderr, "vorrel: %s\n", e.what());
     return ExitProgram(2);
   }
@@ -211,9 +207,9 @@ int RunGuarded(void (*body)()) {
   // The catch-all: whatever fails while the game runs ends here.
   try {
     body();
-  } catch (const OrderlyQuit&) {
+  } catch (const core::OrderlyQuit&) {
     return ExitProgram(0);
-  } catch (const UsageError& e) {
+  } catch (const core::UsageError& e) {
     std::fprintf(stderr, "vorrel: %s\n", e.what());
     return ExitProgram(2);
   } catch (const std::exception& e) {

@@ -5,8 +5,9 @@
 #include "display/surface.h"
 #include "frame/catalogue.h"
 #include "frame/frame_state.h"
-#include "frame/variables.h"
-#include "frontend/settings.h"
+#include "core/run_state.h"
+#include "core/variables.h"
+#include "core/settings.h"
 #include "game/game_state.h"
 #include "input/control_mapping.h"
 #include "input/input_devices.h"
@@ -32,7 +33,7 @@ void ExposeProgramState() {
   vars::Expose("DropDelay", game::Game.DropDelay);
   vars::Expose("DangerZone", game::Game.DangerZone);
   vars::Expose("DangerZoneBefore", game::Game.DangerZoneBefore);
-  vars::Expose("AppRunning", Frame.AppRunning);
+  vars::Expose("AppRunning", core::Run.AppRunning);
   vars::Expose("LoadStep", Frame.LoadStep);
   vars::Expose("PixelValue", display::Display.PixelValue);
   vars::Expose("GlyphOrder", display::Text.GlyphOrder);
@@ -56,7 +57,7 @@ void ExposeProgramState() {
   vars::Expose("ClickLatch", c.ClickLatch);
   vars::Expose("ClickLatch2", c.ClickLatch2);
   vars::Expose("TypedGlyph", c.TypedGlyph);
-  frontend::MenuSettings& s = frontend::Settings;
+  core::MenuSettings& s = core::Settings;
   vars::Expose("GameVariant", s.GameVariant);
   vars::Expose("PlayType", s.PlayType);
   vars::Expose("Level", s.Level);

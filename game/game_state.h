@@ -2,12 +2,12 @@
 #pragma once
 #include <cstdint>
 
-#include "frame/table.h"
+#include "core/table.h"
 
 namespace game {
 
 struct GameState {
-  frame::Table<int32_t, 0, 20> DropDelay;  // ms per gravity step, by level
+  core::Table<int32_t, 0, 20> DropDelay;  // ms per gravity step, by level
   int16_t DangerZone = 0, DangerZoneBefore = 0;
 };
 extern GameState Game;

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "frame/automation.h"
-#include "frame/frame_state.h"
+#include "core/hooks.h"
+#include "core/run_state.h"
 #include "input/input_devices.h"
 #include "platform/devices.h"
 
@@ -62,7 +62,7 @@ constexpr TypedKey kTypedKeys[] = {
 }  // namespace
 
 void ControlCheck() {
-  automation::PollMoment();
+  core::PollMoment();
   bool left = false, right = false, down = false, flip = false;
   try {
     platform::ReadMouse(Input.MouseState, false);
@@ -93,7 +93,7 @@ void ControlCheck() {
   }
 
   PollKeyboard();
-  if (Key(kKeyF10)) frame::Frame.AppRunning = false;
+  if (Key(kKeyF10)) core::Run.AppRunning = false;
   if (Key(kKeyLeft)) C.KeyLeft = left = true;
   if (Key(kKeyRight)) C.KeyRight = right = true;
   if (Key(kKeyDown)) C.KeyDown = down = true;
@@ -107,7 +107,7 @@ void ControlCheck() {
 }
 
 void ControlCheckMenu() {
-  automation::PollMoment();
+  core::PollMoment();
   try {
     ReadPointerMouse();
     if (Input.JoystickOff != -1) StepPointerByJoystick();
@@ -122,7 +122,7 @@ void ControlCheckMenu() {
 }
 
 void ControlCheckHigh() {
-  automation::PollMoment();
+  core::PollMoment();
   C.PointerButton = false;
   C.PointerButton2 = false;
   try {

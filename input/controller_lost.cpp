@@ -3,8 +3,8 @@
 #include <string>
 
 #include "display/surface.h"
-#include "frame/automation.h"
-#include "frame/passes.h"
+#include "core/hooks.h"
+#include "display/passes.h"
 #include "input/control_mapping.h"
 #include "input/input_devices.h"
 #include "platform/backend.h"
@@ -29,10 +29,10 @@ void DrawLines(display::Surface& s, int x, int y) {
 
 void NoJoystick() {
   display::Surface& front = display::Display.PrimarySurface;
-  const std::string previousScreen = automation::CurrentScreen();
-  automation::EnterScreen("nojoystick");
+  const std::string previousScreen = core::CurrentScreen();
+  core::EnterScreen("nojoystick");
   platform::Current().Beep();
-  automation::NoteBeep();
+  core::NoteBeep();
 
   display::SetForeColour(front, 100, 0, 0);
   for (int x = 150; x <= 154; ++x)
@@ -61,13 +61,13 @@ void NoJoystick() {
         display::DrawText(front, 250, 380, "Connection Failed!");
       }
     }
-    frame::IdlePass();
+    display::IdlePass();
   }
   while (Input.KeyTable[kKeyEscape]) {
-    frame::IdlePass();
+    display::IdlePass();
     ControlCheckHigh();
   }
-  automation::EnterScreen(previousScreen.c_str());
+  core::EnterScreen(previousScreen.c_str());
 }
 
 }  // namespace input

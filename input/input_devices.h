@@ -4,14 +4,14 @@
 #include <cstdint>
 #include <string>
 
-#include "frame/table.h"
+#include "core/table.h"
 #include "platform/backend.h"
 
 namespace input {
 
 struct InputState {
   uint8_t KeyboardState[256] = {};     // raw state by key code, non-zero = down
-  frame::Table<bool, 0, 211> KeyTable; // true while the key with that code is down
+  core::Table<bool, 0, 211> KeyTable; // true while the key with that code is down
   platform::MouseReading MouseState;   // motion since the last read, buttons
   platform::JoystickReading JoystickState;
   int16_t JoystickOff = -1;            // -1: no joystick in use

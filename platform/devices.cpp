@@ -1,7 +1,7 @@
 #include "platform/devices.h"
 
-#include "frame/automation.h"
-#include "frame/variables.h"
+#include "core/key_names.h"
+#include "core/variables.h"
 #include "platform/scripted_input.h"
 
 namespace platform {
@@ -29,7 +29,7 @@ void ReadKeyboard(uint8_t state[256]) {
   Current().ReadKeyboard(real);
   // Only the keys a script can name: whatever the game sees, a replay can give it.
   for (int k = 0; k < 256; ++k) {
-    state[k] = Down(automation::KeyName(k) && (real[k] || scripted::KeyIsDown(k)));
+    state[k] = Down(core::KeyName(k) && (real[k] || scripted::KeyIsDown(k)));
   }
   if (observer) observer->KeyboardRead(state);
 }

@@ -8,7 +8,7 @@
 #include <thread>
 #include <vector>
 
-#include "frame/errors.h"
+#include "core/errors.h"
 #include "platform/music_device_synth.h"
 #include "platform/sound_device.h"
 
@@ -63,7 +63,7 @@ void StartMidiFile(const std::string& path, int plays) {
   StopMidiFile();
   std::vector<uint8_t> bytes;
   std::string why;
-  if (!ReadMidiFile(path, bytes, why)) frame::Fail(path + ": " + why);
+  if (!ReadMidiFile(path, bytes, why)) core::Fail(path + ": " + why);
   if (synth) synth->Start(bytes, plays);
   started = path;
   startedPlays = plays;

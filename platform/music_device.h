@@ -17,7 +17,7 @@ bool MusicDeviceAudible();
 
 // Stops the piece before at once, then starts the file; plays: how many
 // times it plays in a row. A missing file or one that is not a sound standard
-// MIDI file throws frame::GameFault naming it (the old piece stays stopped).
+// MIDI file throws core::GameFault naming it (the old piece stays stopped).
 void StartMidiFile(const std::string& path, int plays);
 void StopMidiFile();
 // Tempo factor (1.0 normal) and gain: the synth keeps them for every piece.

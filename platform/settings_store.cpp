@@ -8,8 +8,8 @@
 #include <fstream>
 #include <limits>
 
-#include "frame/automation.h"
-#include "frame/paths.h"
+#include "core/hooks.h"
+#include "platform/paths.h"
 
 namespace platform {
 namespace {
@@ -78,11 +78,11 @@ std::optional<std::string> ReadIniValue(const std::string& path, const std::stri
 }
 
 std::optional<std::string> ReadSettingsValue(const std::string& section, const std::string& name) {
-  const std::string path = frame::SettingsStorePath();
+  const std::string path = platform::SettingsStorePath();
   std::ifstream probe(path, std::ios::binary);
   if (!probe) return std::nullopt;
   probe.close();
-  automation::NoteFile(false, "settings.ini");
+  core::NoteFile(false, "settings.ini");
   return ReadIniValue(path, section, name);
 }
 

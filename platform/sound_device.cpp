@@ -12,7 +12,7 @@
 #include <vector>
 #include <cstdio>
 
-#include "frame/errors.h"
+#include "core/errors.h"
 
 namespace platform {
 namespace {
@@ -27,7 +27,7 @@ std::array<Slot, kSoundSlots> slots;
 bool mixerOpen = false;
 
 Slot& At(int slot) {
-  if (slot < 0 || slot >= kSoundSlots) frame::Fail("sound slot " + std::to_string(slot));
+  if (slot < 0 || slot >= kSoundSlots) core::Fail("sound slot " + std::to_string(slot));
   return slots[static_cast<size_t>(slot)];
 }
 
@@ -118,11 +118,11 @@ void LoadSoundSlot(int slot, const std::string& path) {
   // Both mixers check the file the same way, so headless and windowed runs
   // accept and refuse the same files.
   std::string why;
-  if (!CheckWaveFile(path, why)) frame::Fail(path + ": " + why);
+  if (!CheckWaveFile(path, why)) core::Fail(path + ": " + why);
   Mix_Chunk* chunk = nullptr;
   if (mixerOpen) {
     chunk = Mix_LoadWAV(path.c_str());
-    if (!chunk) frame::Fail(path + ": " + Mix_GetError());
+    if (!chunk) core::Fail(path + ": " + Mix_GetError());
   }
   if (s.chunk) {
     Mix_HaltChannel(slot);
@@ -145,7 +145,7 @@ void PlaySoundSlot(int slot) {
   ++s.starts;
   if (!s.chunk) return;
   Mix_HaltChannel(slot);
-  if (Mix_PlayChannel(slot, s.chunk, 0) < 0) frame::Fail(std::string("Mix_PlayChannel: ") + Mix_GetError());
+  if (Mix_PlayChannel(slot, s.chunk, 0) < 0) core::Fail(std::string("Mix_PlayChannel: ") + Mix_GetError());
 }
 
 void StopSoundSlot(int slot) {

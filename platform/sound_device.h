@@ -20,7 +20,7 @@ bool SoundDeviceAudible();
 bool PlaySystemBeep();
 
 // Loads a WAV file into a slot. A missing or unreadable file throws
-// frame::GameFault naming it.
+// core::GameFault naming it.
 void LoadSoundSlot(int slot, const std::string& path);
 bool SoundSlotLoaded(int slot);
 int SoundSlotsLoaded();

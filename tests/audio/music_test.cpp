@@ -5,10 +5,10 @@
 
 #include "audio/music.h"
 #include "audio_test_files.h"
-#include "frame/errors.h"
-#include "frame/paths.h"
-#include "frame/random.h"
-#include "frontend/settings.h"
+#include "core/errors.h"
+#include "platform/paths.h"
+#include "core/random.h"
+#include "core/settings.h"
 #include "platform/music_device.h"
 #include "platform/settings_store.h"
 
@@ -22,18 +22,18 @@ class Music : public ::testing::Test {
  protected:
   void SetUp() override {
     dir = audiotest::FreshFolder("music");
-    frame::SetDataFolder((dir / "data").string());
-    frame::SetHomeFolder((dir / "home").string());
+    platform::SetDataFolder((dir / "data").string());
+    platform::SetHomeFolder((dir / "home").string());
     audio::FillTrackTable();
     for (int i = 1; i <= 40; ++i)
       if (!audio::TrackTitles[i].empty()) WriteBytes(dir / "data" / "music" / (audio::TrackTitles[i] + ".mid"), Tune());
-    frontend::Settings.MusicOn = 1;
+    core::Settings.MusicOn = 1;
     audio::InitAudio();  // no mixer open: the silent music device
   }
   void TearDown() override {
     audio::ShutdownAudio();
     audio::MusicSegment.clear();
-    frontend::Settings = frontend::MenuSettings{};
+    core::Settings = core::MenuSettings{};
     std::filesystem::remove_all(dir);
   }
   std::string Started() {
@@ -46,7 +46,7 @@ class Music : public ::testing::Test {
 TEST_F(Music, RandomTrackIsWrittenBackAndPlayed) {
   std::set<int> seen;
   for (uint32_t seed = 1; seed <= 40; ++seed) {
-    frame::Randomize(seed);
+    core::Randomize(seed);
     int16_t track = 0;
     audio::PlayMusic(track, true);
     ASSERT_GE(track, 1);
@@ -69,7 +69,7 @@ TEST_F(Music, MusicOffStopsThePieceAndStartsNothing) {
   audio::PlayMusic(theme, true);
   ASSERT_EQ(Started(), "Vorrel Theme");
 
-  frontend::Settings.MusicOn = 0;
+  core::Settings.MusicOn = 0;
   int16_t track = 0;
   audio::PlayMusic(track, true);
   EXPECT_EQ(Started(), "");
@@ -77,7 +77,7 @@ TEST_F(Music, MusicOffStopsThePieceAndStartsNothing) {
 
   // The tempo set meanwhile stays with the player for the next piece.
   audio::SetMusicTempo(125);
-  frontend::Settings.MusicOn = 1;
+  core::Settings.MusicOn = 1;
   audio::PlayMusic(theme, true);
   EXPECT_EQ(Started(), "Vorrel Theme");
   EXPECT_EQ(audio::MusicTempo, 125);
@@ -90,7 +90,7 @@ TEST_F(Music, MissingOrBrokenMidiFileFailsNamingIt) {
   try {
     audio::PlayMusic(intro, false);
     FAIL() << "a missing file played";
-  } catch (const frame::GameFault& f) {
+  } catch (const core::GameFault& f) {
     EXPECT_NE(std::string(f.what()).find("Intro.mid"), std::string::npos) << f.what();
   }
 
@@ -102,12 +102,12 @@ TEST_F(Music, MissingOrBrokenMidiFileFailsNamingIt) {
   badEvent[good.size() - 8] = 0xF4;  // the last note-off's status byte made undefined
   for (const auto& bytes : {cutTrack, badHeader, badEvent}) {
     WriteBytes(dir / "data" / "music" / "Intro.mid", bytes);
-    EXPECT_THROW(audio::PlayMusic(intro, false), frame::GameFault);
+    EXPECT_THROW(audio::PlayMusic(intro, false), core::GameFault);
     EXPECT_EQ(Started(), "");
   }
   // An empty slot of the table names no file either.
   int16_t empty = 33;
-  EXPECT_THROW(audio::PlayMusic(empty, false), frame::GameFault);
+  EXPECT_THROW(audio::PlayMusic(empty, false), core::GameFault);
 }
 
 TEST_F(Music, VolumeFromTheSettingsStore) {

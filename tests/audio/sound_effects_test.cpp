@@ -2,9 +2,9 @@
 
 #include "audio/sound_effects.h"
 #include "audio_test_files.h"
-#include "frame/errors.h"
-#include "frame/paths.h"
-#include "frontend/settings.h"
+#include "core/errors.h"
+#include "platform/paths.h"
+#include "core/settings.h"
 #include "platform/sound_device.h"
 
 namespace {
@@ -16,15 +16,15 @@ class SoundEffects : public ::testing::Test {
  protected:
   void SetUp() override {
     dir = audiotest::FreshFolder("sfx");
-    frame::SetDataFolder(dir.string());
+    platform::SetDataFolder(dir.string());
     platform::OpenSoundDevice(true);
-    frontend::Settings.SoundOn = 1;
-    frontend::Settings.VoiceOn = 1;
+    core::Settings.SoundOn = 1;
+    core::Settings.VoiceOn = 1;
   }
   void TearDown() override {
     platform::CloseSoundDevice();
     audio::SoundBuffers.Fill(0);
-    frontend::Settings = frontend::MenuSettings{};
+    core::Settings = core::MenuSettings{};
     std::filesystem::remove_all(dir);
   }
   void Load(int index) {
@@ -40,15 +40,15 @@ TEST_F(SoundEffects, SwitchesChooseByIndexAndAreReadAtEachCall) {
   Load(24);
   Load(100 + 63);  // gameover1, the last group of voices
 
-  frontend::Settings.VoiceOn = 0;
+  core::Settings.VoiceOn = 0;
   audio::PlaySoundEffect(101);
   audio::PlaySoundEffect(3);
   EXPECT_EQ(platform::SoundSlotStarts(101), 0u);
   EXPECT_EQ(platform::SoundSlotStarts(3), 1u);
 
   // Switched in the menu between two calls: the next call obeys at once.
-  frontend::Settings.SoundOn = 0;
-  frontend::Settings.VoiceOn = 1;
+  core::Settings.SoundOn = 0;
+  core::Settings.VoiceOn = 1;
   audio::PlaySoundEffect(3);
   audio::PlaySoundEffect(24);
   audio::PlaySoundEffect(101);
@@ -59,30 +59,30 @@ TEST_F(SoundEffects, SwitchesChooseByIndexAndAreReadAtEachCall) {
   EXPECT_EQ(platform::SoundSlotStarts(163), 1u);
 
   // Replaying restarts the same slot: every request is one start of it.
-  frontend::Settings.SoundOn = 1;
+  core::Settings.SoundOn = 1;
   audio::PlaySoundEffect(3);
   audio::PlaySoundEffect(3);
   EXPECT_EQ(platform::SoundSlotStarts(3), 3u);
 
   // A stop is honoured whatever the switches, and an empty slot is ignored.
-  frontend::Settings.SoundOn = 0;
+  core::Settings.SoundOn = 0;
   EXPECT_NO_THROW(audio::StopSoundEffect(3));
-  frontend::Settings.SoundOn = 1;
+  core::Settings.SoundOn = 1;
   EXPECT_NO_THROW(audio::PlaySoundEffect(6));
   EXPECT_NO_THROW(audio::PlaySoundEffect(200));
   EXPECT_FALSE(platform::SoundSlotLoaded(6));
   EXPECT_EQ(platform::SoundSlotStarts(6), 0u);
 
   // An index outside the table is a fault, not a quiet no-op.
-  EXPECT_THROW(audio::PlaySoundEffect(201), frame::GameFault);
-  EXPECT_THROW(audio::PlaySoundEffect(-1), frame::GameFault);
+  EXPECT_THROW(audio::PlaySoundEffect(201), core::GameFault);
+  EXPECT_THROW(audio::PlaySoundEffect(-1), core::GameFault);
 }
 
 TEST_F(SoundEffects, MissingOrBrokenWaveFileFailsNamingIt) {
   try {
     audio::LoadSoundBuffer(1, "\\sounds\\land.wav");
     FAIL() << "a missing file loaded";
-  } catch (const frame::GameFault& f) {
+  } catch (const core::GameFault& f) {
     EXPECT_NE(std::string(f.what()).find("land.wav"), std::string::npos) << f.what();
   }
 
@@ -95,7 +95,7 @@ TEST_F(SoundEffects, MissingOrBrokenWaveFileFailsNamingIt) {
   badFormat[20] = 0x55;  // a compressed format the mixer cannot decode
   for (const auto& bytes : {noData, cut, notWave, badFormat}) {
     WriteBytes(dir / "sounds" / "move.wav", bytes);
-    EXPECT_THROW(audio::LoadSoundBuffer(2, "\\sounds\\move.wav"), frame::GameFault);
+    EXPECT_THROW(audio::LoadSoundBuffer(2, "\\sounds\\move.wav"), core::GameFault);
   }
   EXPECT_EQ(audio::SoundBuffers[2], 0);
   EXPECT_EQ(platform::SoundSlotsLoaded(), 0);

@@ -3,11 +3,11 @@
 #include <string>
 #include <vector>
 
-#include "frame/options.h"
+#include "frame/command_line.h"
 
 namespace {
 
-bool Parse(std::vector<std::string> args, frame::Options& out, bool& help) {
+bool Parse(std::vector<std::string> args, automation::Options& out, bool& help) {
   args.insert(args.begin(), "vorrel");
   std::vector<char*> argv;
   for (std::string& a : args) argv.push_back(a.data());
@@ -15,7 +15,7 @@ bool Parse(std::vector<std::string> args, frame::Options& out, bool& help) {
 }
 
 TEST(CommandLine, EveryOptionAndItsValue) {
-  frame::Options o;
+  automation::Options o;
   bool help = true;
   ASSERT_TRUE(Parse({"--headless", "--windowed", "--seed", "4294967295", "--data", "d i r", "--home=h",
                      "--script", "s.vs", "--max-frames", "18446744073709551615", "--max-ticks=100", "--dump", "x.json",
@@ -33,7 +33,7 @@ TEST(CommandLine, EveryOptionAndItsValue) {
   EXPECT_EQ(o.dumpPath, "x.json");
   EXPECT_EQ(o.recordPath, "r.vs");
 
-  frame::Options none;
+  automation::Options none;
   ASSERT_TRUE(Parse({}, none, help));
   EXPECT_FALSE(none.headless);
   EXPECT_FALSE(none.seed.has_value());
@@ -41,7 +41,7 @@ TEST(CommandLine, EveryOptionAndItsValue) {
 }
 
 TEST(CommandLine, BadUsageNamesTheOption) {
-  frame::Options o;
+  automation::Options o;
   bool help = false;
   for (const std::vector<std::string>& bad : std::vector<std::vector<std::string>>{
            {"--sede", "3"},

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "frame/variables.h"
+#include "core/variables.h"
 #include "platform/backend.h"
 #include "platform/devices.h"
 #include "platform/scripted_input.h"

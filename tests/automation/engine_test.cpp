@@ -6,12 +6,13 @@
 #include <fstream>
 #include <unistd.h>
 
-#include "frame/automation.h"
-#include "frame/automation_internal.h"
-#include "frame/errors.h"
-#include "frame/options.h"
-#include "frame/table.h"
-#include "frame/variables.h"
+#include "core/hooks.h"
+#include "automation/automation.h"
+#include "automation/internal.h"
+#include "core/errors.h"
+#include "automation/options.h"
+#include "core/table.h"
+#include "core/variables.h"
 #include "platform/backend.h"
 #include "platform/clock.h"
 #include "platform/scripted_input.h"
@@ -32,12 +33,12 @@ class EngineTest : public ::testing::Test {
   }
   void TearDown() override {
     platform::ClearQuitRequest();
-    automation::Configure(frame::Options{});
+    automation::Configure(automation::Options{});
     automation::SetFieldPainter(nullptr);
     fs::remove_all(dir_);
   }
 
-  void Start(const std::string& script, frame::Options options = {}) {
+  void Start(const std::string& script, automation::Options options = {}) {
     options.scriptPath = (dir_ / "t.vs").string();
     std::ofstream(options.scriptPath) << script;
     automation::Configure(options);
@@ -59,7 +60,7 @@ class EngineTest : public ::testing::Test {
   std::string RunError(const std::function<void()>& step) {
     try {
       step();
-    } catch (const frame::UsageError& e) {
+    } catch (const core::UsageError& e) {
       return e.what();
     }
     return "";
@@ -110,16 +111,16 @@ TEST_F(EngineTest, ScreenVisitsSoundsAndTheControllerLostScreen) {
       "@music menutheme next 4\n"
       "@nojoystick next 5\n"
       "+0p key tap Escape\n");
-  automation::EnterScreen("menu");
+  core::EnterScreen("menu");
   Frames(3);
-  automation::EnterScreen("play");
+  core::EnterScreen("play");
   Frames(1);
   EXPECT_EQ(Queued(), std::vector<int>{1});
   Frames(10);
-  automation::EnterScreen("pause");
+  core::EnterScreen("pause");
   Frames(2);
   EXPECT_TRUE(Queued().empty());
-  automation::EnterScreen("play");
+  core::EnterScreen("play");
   Frames(1);
   EXPECT_EQ(Queued(), std::vector<int>{2});
   automation::NoteSound(6, true);
@@ -131,16 +132,16 @@ TEST_F(EngineTest, ScreenVisitsSoundsAndTheControllerLostScreen) {
   Frames(1);
   EXPECT_EQ(Queued(), std::vector<int>{4});
   automation::PollMoment();
-  automation::EnterScreen("nojoystick");
+  core::EnterScreen("nojoystick");
   EXPECT_TRUE(Queued().empty());
   automation::PollMoment();  // the controller-lost screen's first poll
   EXPECT_EQ(Queued(), std::vector<int>{5});
   EXPECT_TRUE(in::KeyIsDown(1));
-  EXPECT_STREQ(automation::CurrentScreen(), "nojoystick");
+  EXPECT_STREQ(core::CurrentScreen(), "nojoystick");
 }
 
 TEST_F(EngineTest, StartUpLinesLimitsAndQuit) {
-  frame::Options options;
+  automation::Options options;
   options.maxFrames = 4;
   Start(
       "0 joy plug\n"
@@ -168,7 +169,7 @@ TEST_F(EngineTest, StartUpLinesLimitsAndQuit) {
   EXPECT_TRUE(platform::QuitRequested());
 
   platform::ClearQuitRequest();
-  frame::Options ticks;
+  automation::Options ticks;
   ticks.maxTicks = 100;
   Start("+9p quit\n", ticks);
   platform::ResetClock();
@@ -182,7 +183,7 @@ TEST_F(EngineTest, StartUpLinesLimitsAndQuit) {
 
 TEST_F(EngineTest, LinesThatAreBadWhereTheyRun) {
   static int16_t level = 0;
-  static frame::Table<int16_t, 1, 3> counts;
+  static core::Table<int16_t, 1, 3> counts;
   vars::Expose("TestLevel", level);
   vars::Expose("TestCounts", counts);
   Start(
@@ -201,7 +202,7 @@ TEST_F(EngineTest, LinesThatAreBadWhereTheyRun) {
   std::vector<std::pair<int, std::string>> painted;
   Start("0 field 20 ##..0123.4###\n+1 set NoSuchVariable 1\n");
   automation::SetFieldPainter([&](int row, const std::string& cells) { painted.emplace_back(row, cells); });
-  automation::EnterScreen("play");
+  core::EnterScreen("play");
   automation::PollMoment();
   ASSERT_EQ(painted.size(), 1u);
   EXPECT_EQ(painted[0], std::make_pair(20, std::string("##..0123.4###")));
@@ -210,13 +211,13 @@ TEST_F(EngineTest, LinesThatAreBadWhereTheyRun) {
             std::string::npos);
 
   Start("+1 game classic a 0 0 0\n+1 game bonus c 2 1 0\n");
-  automation::EnterScreen("menu");
+  core::EnterScreen("menu");
   Frames(1);
   automation::PollMoment();
   automation::GameRequest request;
   ASSERT_TRUE(automation::TakeGameRequest(request));
   EXPECT_EQ(request.variant, 0);
-  automation::EnterScreen("play");
+  core::EnterScreen("play");
   Frames(1);
   EXPECT_NE(RunError([] { automation::PollMoment(); }).find(":2: game starts a game only at 0 or in the menu"),
             std::string::npos);
@@ -226,17 +227,17 @@ TEST_F(EngineTest, LinesThatAreBadWhereTheyRun) {
 
 TEST_F(EngineTest, DumpsHoldCountersVariablesKeysAndLogs) {
   std::optional<vars::Ref> oldKeys = vars::Find("KeyTable");
-  static frame::Table<bool, 0, 211> keys;
+  static core::Table<bool, 0, 211> keys;
   static double startHeight = 2.5;
   keys[1] = keys[30] = keys[208] = true;
   vars::Expose("KeyTable", keys);
   vars::Expose("TestStartHeight", startHeight);
-  frame::Options options;
+  automation::Options options;
   options.dumpPath = (dir_ / "end.json").string();
   Start("2 dump " + (dir_ / "two.json").string() + "\n", options);
   automation::NoteSound(3, true);
   automation::NoteSoundStop(3);
-  automation::EnterScreen("loading");
+  core::EnterScreen("loading");
   Frames(2);
   automation::NoteMusicPlay("menutheme", true);
   automation::NoteMusicTempo(125);

@@ -9,10 +9,11 @@
 #include <sstream>
 #include <unistd.h>
 
-#include "frame/automation.h"
-#include "frame/options.h"
-#include "frame/paths.h"
-#include "frame/variables.h"
+#include "core/hooks.h"
+#include "automation/automation.h"
+#include "automation/options.h"
+#include "platform/paths.h"
+#include "core/variables.h"
 #include "platform/backend.h"
 #include "platform/devices.h"
 
@@ -81,7 +82,7 @@ struct StandIn {
       automation::FrameMoment();
     }
     automation::Finish(0);
-    Note("ended at " + std::string(automation::CurrentScreen()));
+    Note("ended at " + std::string(core::CurrentScreen()));
   }
 };
 
@@ -93,22 +94,22 @@ class RecordReplayTest : public ::testing::Test {
     std::ofstream(dir_ / "data/VSys/hs.inf") << "scores\r\n";
     std::ofstream(dir_ / "data/VSys/maindata.inf") << "1\r\n";
     std::ofstream(dir_ / "source.inf") << "put\r\n";
-    frame::SetDataFolder((dir_ / "data").string());
-    frame::SetHomeFolder((dir_ / "home").string());
+    platform::SetDataFolder((dir_ / "data").string());
+    platform::SetHomeFolder((dir_ / "home").string());
     platform::SetCurrent(platform::MakeHeadlessBackend());
     oldX_ = vars::Find("PointerX");
     oldY_ = vars::Find("PointerY");
   }
   void TearDown() override {
     platform::ClearQuitRequest();
-    automation::Configure(frame::Options{});
+    automation::Configure(automation::Options{});
     if (oldX_) vars::ExposeRef("PointerX", *oldX_); else vars::Withdraw("PointerX");
     if (oldY_) vars::ExposeRef("PointerY", *oldY_); else vars::Withdraw("PointerY");
     vars::Withdraw("TestLevel");
     fs::remove_all(dir_);
   }
 
-  std::vector<std::string> Session(const frame::Options& options) {
+  std::vector<std::string> Session(const automation::Options& options) {
     StandIn game;
     vars::Expose("PointerX", game.pointerX);
     vars::Expose("PointerY", game.pointerY);
@@ -149,7 +150,7 @@ TEST_F(RecordReplayTest, EveryReadingComesBackTheSame) {
                                    "+8 joy axis y 1000\n"
                                    "+3 key tap F10\n"
                                    "+30 quit\n";
-  frame::Options record;
+  automation::Options record;
   record.scriptPath = (dir_ / "in.vs").string();
   record.recordPath = (dir_ / "rec.vs").string();
   record.seed = 99;
@@ -168,9 +169,9 @@ TEST_F(RecordReplayTest, EveryReadingComesBackTheSame) {
   std::string keptText((std::istreambuf_iterator<char>(kept)), {});
   EXPECT_EQ(keptText, "scores\r\n") << "the home as the session found it";
 
-  frame::Options replay;
+  automation::Options replay;
   replay.scriptPath = (dir_ / "rec.vs").string();
-  frame::SetHomeFolder((dir_ / "rec.vs.home").string());
+  platform::SetHomeFolder((dir_ / "rec.vs.home").string());
   std::vector<std::string> again = Session(replay);
   ASSERT_EQ(original.size(), again.size()) << text;
   for (size_t i = 0; i < original.size(); ++i) ASSERT_EQ(original[i], again[i]) << "reading " << i << "\n" << text;

@@ -1,8 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "frame/automation.h"
-#include "frame/automation_script.h"
-#include "frame/errors.h"
+#include "core/key_names.h"
+#include "automation/automation.h"
+#include "automation/script.h"
+#include "core/errors.h"
 
 namespace {
 
@@ -13,7 +14,7 @@ using automation::ParseScript;
 std::string ErrorOf(const std::string& text) {
   try {
     ParseScript(text, "t.vs");
-  } catch (const frame::UsageError& e) {
+  } catch (const core::UsageError& e) {
     return e.what();
   }
   return "";
@@ -144,19 +145,19 @@ TEST(ScriptParser, BadLinesNameTheirFileAndLine) {
 TEST(ScriptParser, KeyNamesRoundTrip) {
   int named = 0;
   for (int code = 0; code < 256; ++code) {
-    if (const char* name = automation::KeyName(code)) {
+    if (const char* name = core::KeyName(code)) {
       ++named;
-      EXPECT_EQ(automation::KeyCode(name), code) << name;
+      EXPECT_EQ(core::KeyCode(name), code) << name;
     }
   }
   EXPECT_EQ(named, 54);
-  EXPECT_EQ(automation::KeyCode("Escape"), 1);
-  EXPECT_EQ(automation::KeyCode("0"), 11);
-  EXPECT_EQ(automation::KeyCode("Q"), 16);
-  EXPECT_EQ(automation::KeyCode("M"), 50);
-  EXPECT_EQ(automation::KeyCode("F10"), 68);
-  EXPECT_EQ(automation::KeyCode("Down"), 208);
-  EXPECT_EQ(automation::KeyCode("escape"), -1);
+  EXPECT_EQ(core::KeyCode("Escape"), 1);
+  EXPECT_EQ(core::KeyCode("0"), 11);
+  EXPECT_EQ(core::KeyCode("Q"), 16);
+  EXPECT_EQ(core::KeyCode("M"), 50);
+  EXPECT_EQ(core::KeyCode("F10"), 68);
+  EXPECT_EQ(core::KeyCode("Down"), 208);
+  EXPECT_EQ(core::KeyCode("escape"), -1);
 }
 
 }  // namespace

@@ -3,9 +3,9 @@
 #include <array>
 #include <string>
 
-#include "frame/json_writer.h"
-#include "frame/table.h"
-#include "frame/variables.h"
+#include "core/json_writer.h"
+#include "core/table.h"
+#include "core/variables.h"
 
 namespace {
 
@@ -31,7 +31,7 @@ VARS_RECORD(HighScoreEntry, &HighScoreEntry::Name, &HighScoreEntry::Score, &High
 namespace {
 
 std::string Json(const std::string& name) {
-  frame::JsonWriter w;
+  core::JsonWriter w;
   vars::WriteJson(w, *vars::Find(name));
   return w.Text();
 }
@@ -64,10 +64,10 @@ class VariablesTest : public ::testing::Test {
 
 TEST_F(VariablesTest, NestedTablesAndRecordsDumpAndSet) {
   // Seven games of five entries, the game's own 1-based entries.
-  static frame::Table<frame::Table<HighScoreEntry, 1, 5>, 0, 6> scores;
-  static frame::Table<int16_t, 0, 3> delay;
+  static core::Table<core::Table<HighScoreEntry, 1, 5>, 0, 6> scores;
+  static core::Table<int16_t, 0, 3> delay;
   static std::array<Spark, 2> sparks;
-  static frame::Table<std::array<uint32_t, 2>, 1, 2> grid;
+  static core::Table<std::array<uint32_t, 2>, 1, 2> grid;
   scores[2][1] = {"ann", 1200, 12, 3};
   delay[0] = 1500;
   delay[3] = -7;
@@ -96,8 +96,8 @@ TEST_F(VariablesTest, NestedTablesAndRecordsDumpAndSet) {
 }
 
 TEST_F(VariablesTest, BadSetsSayWhy) {
-  static frame::Table<frame::Table<HighScoreEntry, 1, 5>, 0, 6> scores;
-  static frame::Table<int16_t, 0, 3> delay;
+  static core::Table<core::Table<HighScoreEntry, 1, 5>, 0, 6> scores;
+  static core::Table<int16_t, 0, 3> delay;
   static bool flag = false;
   static std::string title = "x";
   vars::Expose("TestScores", scores);
@@ -131,7 +131,7 @@ TEST_F(VariablesTest, BadSetsSayWhy) {
 }
 
 TEST(JsonWriter, ShapeAndEscapes) {
-  frame::JsonWriter w;
+  core::JsonWriter w;
   w.BeginObject();
   w.Key("frame");
   w.Int(3);

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "display/surface.h"
-#include "frame/errors.h"
+#include "core/errors.h"
 #include "platform/backend.h"
 
 using namespace display;
@@ -120,7 +120,7 @@ TEST(DisplaySurface, CoordinatesRoundHalvesToEven) {
   std::vector<uint16_t> want{0, 0, 77, 0, 77};
   EXPECT_EQ(d.Pixels, want);
   EXPECT_EQ(Display.DestRect.Left, 4);
-  EXPECT_THROW(RoundHalfEven(1e300), frame::GameFault);
+  EXPECT_THROW(RoundHalfEven(1e300), core::GameFault);
 }
 
 TEST(DisplaySurface, BoxesLinesAndCirclesLeaveOutTheirEnds) {
@@ -176,7 +176,7 @@ TEST(DisplaySurface, FiltersAndPixels) {
   WritePixel(s, 2.5, 0);  // rounds to 2
   ReadPixel(s, 2, 0);
   EXPECT_EQ(Display.PixelValue, 60000);
-  EXPECT_THROW(ReadPixel(s, 4, 0), frame::GameFault);
+  EXPECT_THROW(ReadPixel(s, 4, 0), core::GameFault);
 }
 
 TEST(DisplaySurface, FillsHonourTheClipperAndWholeRect) {
@@ -190,5 +190,5 @@ TEST(DisplaySurface, FillsHonourTheClipperAndWholeRect) {
   EXPECT_EQ(At(s, 1, 3), 5);
   EXPECT_EQ(At(s, 2, 0), 3);
   Surface never;
-  EXPECT_THROW(FillSurface(never, Display.WholeRect, 1), frame::GameFault);
+  EXPECT_THROW(FillSurface(never, Display.WholeRect, 1), core::GameFault);
 }

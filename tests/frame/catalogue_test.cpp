@@ -5,12 +5,12 @@
 #include "audio/audio_devices.h"
 #include "display/bitmap_text.h"
 #include "display/surface.h"
-#include "frame/automation.h"
+#include "automation/automation.h"
 #include "frame/catalogue.h"
 #include "frame/frame_state.h"
-#include "frame/options.h"
-#include "frame/passes.h"
-#include "frame/paths.h"
+#include "automation/options.h"
+#include "display/passes.h"
+#include "platform/paths.h"
 #include "platform/backend.h"
 #include "tests/support/run_game.h"
 
@@ -23,15 +23,15 @@ class Catalogue : public ::testing::Test {
   static void SetUpTestSuite() {
     if (testsupport::TestData().empty()) return;
     platform::SetCurrent(platform::MakeHeadlessBackend());
-    frame::Options none;
+    automation::Options none;
     automation::Configure(none);
-    frame::SetDataFolder(testsupport::TestData());
+    platform::SetDataFolder(testsupport::TestData());
     std::string failed;
     ASSERT_TRUE(InitDisplay(failed));
     CreateBlankSurface(Display.Backdrop, 800, 600);
     audio::OpenAudioDevices(true);
     Text.GlyphOrder = MakeGlyphOrder();
-    framesBefore = frame::FramesPresented();
+    framesBefore = display::FramesPresented();
     frame::CreateGraphics();
     frame::CreateSound();
     loaded = true;
@@ -53,7 +53,7 @@ Surface Canvas(int w, int h) {
 
 TEST_F(Catalogue, EverySurfaceAndSoundCounted) {
   EXPECT_EQ(frame::Frame.LoadStep, frame::kFinalLoadStep);
-  EXPECT_EQ(frame::FramesPresented() - framesBefore, 43u) << "the bar is redrawn every 20 steps";
+  EXPECT_EQ(display::FramesPresented() - framesBefore, 43u) << "the bar is redrawn every 20 steps";
   EXPECT_TRUE(frame::Assets.FieldSurfaces[2].HasClipper);
   EXPECT_EQ(frame::Assets.FieldSurfaces[0].ClipRect.Right, 260);
   EXPECT_EQ(frame::Assets.PieceSprites[15][3][2].Width, 80);

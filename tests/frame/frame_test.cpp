@@ -3,13 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "display/surface.h"
-#include "frame/automation.h"
+#include "automation/automation.h"
 #include "frame/catalogue.h"
 #include "frame/frame_state.h"
-#include "frame/options.h"
-#include "frame/passes.h"
+#include "automation/options.h"
+#include "display/passes.h"
 #include "frame/program.h"
-#include "frame/table.h"
+#include "core/table.h"
 #include "platform/backend.h"
 #include "platform/clock.h"
 
@@ -22,7 +22,7 @@ class FrameInProcess : public ::testing::Test {
   void SetUp() override {
     platform::SetCurrent(platform::MakeHeadlessBackend());
     platform::ClearQuitRequest();
-    frame::Options none;
+    automation::Options none;
     automation::Configure(none);
     std::string failed;
     ASSERT_TRUE(InitDisplay(failed)) << failed;
@@ -35,12 +35,12 @@ class FrameInProcess : public ::testing::Test {
 TEST_F(FrameInProcess, PresentModesAndTheFrontSurface) {
   FillSurface(Display.Backdrop, Display.WholeRect, 1234);
   FillSurface(Display.BackBuffer, Display.WholeRect, 77);
-  const uint64_t frames = frame::FramesPresented();
+  const uint64_t frames = display::FramesPresented();
   const uint64_t units = platform::ClockUnits();
   PresentFrame(0);
   EXPECT_EQ(Display.PrimarySurface.Row(300)[400], 77) << "the composed frame is on screen";
   EXPECT_EQ(Display.BackBuffer.Row(0)[0], 1234) << "mode 0 restores the backdrop";
-  EXPECT_EQ(frame::FramesPresented(), frames + 1);
+  EXPECT_EQ(display::FramesPresented(), frames + 1);
   EXPECT_EQ(platform::ClockUnits(), units + 1000);
   PresentFrame(1);
   EXPECT_EQ(Display.BackBuffer.Row(599)[799], 0) << "mode 1 clears to black";
@@ -53,32 +53,32 @@ TEST_F(FrameInProcess, PresentModesAndTheFrontSurface) {
   DrawBox(Display.PrimarySurface, 10, 10, 20, 20);
   EXPECT_TRUE(Display.FrontDirty);
   EXPECT_EQ(Display.PrimarySurface.Row(15)[15], Rgb565(0, 255, 0));
-  frame::IdlePass();
+  display::IdlePass();
   EXPECT_FALSE(Display.FrontDirty) << "the next idle pass shows it";
-  EXPECT_EQ(frame::FramesPresented(), frames + 3) << "and presents nothing";
+  EXPECT_EQ(display::FramesPresented(), frames + 3) << "and presents nothing";
   EXPECT_EQ(platform::ClockUnits(), units + 3000 + 60);
 
-  const uint32_t t = frame::GetTick();
-  frame::WaitMs(50);
-  EXPECT_EQ(frame::GetTick(), t + 50) << "a wait runs idle passes of 1 ms";
+  const uint32_t t = display::GetTick();
+  display::WaitMs(50);
+  EXPECT_EQ(display::GetTick(), t + 50) << "a wait runs idle passes of 1 ms";
 }
 
 TEST_F(FrameInProcess, TableFaultReachesTheCatchAll) {
-  static frame::Table<int, 0, 20> delays;
+  static core::Table<int, 0, 20> delays;
   delays.name = "DropDelay";
   int status = frame::RunGuarded([] { delays[21] = 5; });
   EXPECT_EQ(status, 1);
-  int quit = frame::RunGuarded([] { throw frame::OrderlyQuit{}; });
+  int quit = frame::RunGuarded([] { throw core::OrderlyQuit{}; });
   EXPECT_EQ(quit, 0) << "the orderly quit leaves without the error box";
 }
 
 TEST_F(FrameInProcess, LoadingBarSteps) {
   frame::Frame.LoadStep = 2;
-  const uint64_t frames = frame::FramesPresented();
+  const uint64_t frames = display::FramesPresented();
   for (int i = 0; i < 17; ++i) frame::UpdateLoadStatus();
-  EXPECT_EQ(frame::FramesPresented(), frames) << "no redraw before step 20";
+  EXPECT_EQ(display::FramesPresented(), frames) << "no redraw before step 20";
   frame::UpdateLoadStatus();
-  EXPECT_EQ(frame::FramesPresented(), frames + 1) << "the 18th creation step redraws";
+  EXPECT_EQ(display::FramesPresented(), frames + 1) << "the 18th creation step redraws";
   const Surface& shown = Display.PrimarySurface;
   EXPECT_EQ(shown.Row(280)[18], 0xFFFF) << "bar 19 pixels wide at step 20";
   EXPECT_EQ(shown.Row(280)[19], 0);

@@ -5,10 +5,11 @@
 #include <fstream>
 #include <string>
 
+#include "core/run_state.h"
 #include "display/surface.h"
-#include "frame/automation.h"
+#include "automation/automation.h"
 #include "frame/frame_state.h"
-#include "frame/options.h"
+#include "automation/options.h"
 #include "input/control_mapping.h"
 #include "input/input_devices.h"
 #include "platform/backend.h"
@@ -24,11 +25,11 @@ class ControlMapping : public ::testing::Test {
   void SetUp() override {
     platform::SetCurrent(platform::MakeHeadlessBackend());
     scripted::Reset();
-    frame::Options none;
+    automation::Options none;
     automation::Configure(none);
     Controls = ControlState{};
     Input = InputState{};
-    frame::Frame.AppRunning = true;
+    core::Run.AppRunning = true;
   }
   // One poll with the given keys held.
   void Pass() {
@@ -63,7 +64,7 @@ TEST_F(ControlMapping, HeldKeysRepeatAndReleaseClearsTheLatch) {
   scripted::KeyDown(kKeyF10);
   Pass();
   EXPECT_EQ(Controls.PauseRequest, 1);
-  EXPECT_FALSE(frame::Frame.AppRunning) << "F10 ends the program's loops";
+  EXPECT_FALSE(core::Run.AppRunning) << "F10 ends the program's loops";
   scripted::KeyUp(kKeyEscape);
   Pass();
   EXPECT_EQ(Controls.PauseRequest, 1) << "only the pause clears its request";

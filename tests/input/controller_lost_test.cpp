@@ -2,9 +2,10 @@
 // picture, Escape back without the pad, F1 with the pad back reconnecting.
 #include <gtest/gtest.h>
 
+#include "core/hooks.h"
 #include "display/surface.h"
-#include "frame/automation.h"
-#include "frame/options.h"
+#include "automation/automation.h"
+#include "automation/options.h"
 #include "input/control_mapping.h"
 #include "input/input_devices.h"
 #include "platform/backend.h"
@@ -21,7 +22,7 @@ void PlayOnePassUnder(const std::string& script) {
   platform::scripted::Reset();
   std::string dir = testsupport::ScratchDir("pad");
   testsupport::WriteFile(dir + "/s.vs", script);
-  frame::Options options;
+  automation::Options options;
   options.scriptPath = dir + "/s.vs";
   automation::Configure(options);
   automation::BeforeStartup();
@@ -31,7 +32,7 @@ void PlayOnePassUnder(const std::string& script) {
   Controls = ControlState{};
   InitJoystick();
   ASSERT_NE(Input.JoystickOff, -1) << "the pad is in use when play starts";
-  automation::EnterScreen("play");
+  core::EnterScreen("play");
   ControlCheck();
 }
 
@@ -52,7 +53,7 @@ TEST(ControllerLost, EscapeReturnsWithoutThePad) {
       "+2p key down Escape\n"
       "+1p key up Escape\n");
   EXPECT_EQ(Input.JoystickOff, -1) << "play goes on without the pad";
-  EXPECT_STREQ(automation::CurrentScreen(), "play");
+  EXPECT_STREQ(core::CurrentScreen(), "play");
   EXPECT_TRUE(TextColourNear(152, 225, display::Rgb565(255, 255, 0))) << "the message shows on screen";
   EXPECT_TRUE(TextColourNear(150, 223, display::Rgb565(100, 0, 0))) << "over its dark red shadow";
   EXPECT_FALSE(Input.KeyTable[kKeyEscape]) << "it waited for Escape's release";

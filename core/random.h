@@ -2,7 +2,7 @@
 #pragma once
 #include <cstdint>
 
-namespace frame {
+namespace core {
 
 void Randomize(uint32_t seed);
 // A number in [0, 1).
@@ -10,4 +10,4 @@ double Rnd();
 // Int(Rnd x n) + k, the way every random choice of the game is written.
 inline int RandomInt(int n, int k = 0) { return static_cast<int>(Rnd() * n) + k; }
 
-}  // namespace frame
+}  // namespace core

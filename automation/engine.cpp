@@ -2,10 +2,10 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "frame/automation_internal.h"
-#include "frame/automation_record.h"
-#include "frame/errors.h"
-#include "frame/json_writer.h"
+#include "automation/internal.h"
+#include "automation/record.h"
+#include "core/errors.h"
+#include "core/json_writer.h"
 #include "platform/backend.h"
 #include "platform/clock.h"
 #include "platform/devices.h"
@@ -115,7 +115,28 @@ Point CurrentPoint() {
   return Point{};
 }
 
-void Configure(const frame::Options& options) {
+void InstallHooks() {
+  core::HookTable& h = core::Hooks;
+  h.FrameMoment = FrameMoment;
+  h.PollMoment = PollMoment;
+  h.IdleMoment = IdleMoment;
+  h.ScreenEntered = EnterScreen;
+  h.Sound = NoteSound;
+  h.SoundStop = NoteSoundStop;
+  h.MusicPlay = NoteMusicPlay;
+  h.MusicStop = NoteMusicStop;
+  h.MusicTempo = NoteMusicTempo;
+  h.Draw = NoteDraw;
+  h.File = NoteFile;
+  h.Message = NoteMessage;
+  h.Beep = NoteBeep;
+  h.TakeGameRequest = TakeGameRequest;
+  h.TakeQueuedPiece = TakeQueuedPiece;
+  h.FieldPainter = SetFieldPainter;
+}
+
+void Configure(const automation::Options& options) {
+  InstallHooks();
   Engine& e = State();
   e = Engine{};
   e.options = options;
@@ -216,7 +237,7 @@ void EnterScreen(const char* name) {
   Engine& e = State();
   if (e.screen == name) return;
   e.screen = name;
-  e.logs.screens.push_back("[" + std::to_string(e.frames) + "," + frame::JsonQuote(name) + "]");
+  e.logs.screens.push_back("[" + std::to_string(e.frames) + "," + core::JsonQuote(name) + "]");
   if (e.screen == "nojoystick") e.nojoystickFirstPoll = true;
 }
 

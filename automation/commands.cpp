@@ -5,9 +5,9 @@
 #include <sstream>
 
 #include "display/surface.h"
-#include "frame/automation_internal.h"
-#include "frame/errors.h"
-#include "frame/paths.h"
+#include "automation/internal.h"
+#include "core/errors.h"
+#include "platform/paths.h"
 #include "platform/backend.h"
 #include "platform/png_file.h"
 #include "platform/scripted_input.h"
@@ -23,7 +23,7 @@ in::Axis AxisOf(int a) { return a == 0 ? in::Axis::X : in::Axis::Y; }
 std::string HomePath(const ScriptLine& line) {
   const std::string& name = line.command.text1;
   try {
-    return name == "settings.ini" ? frame::SettingsStorePath() : frame::HomeFile(name);
+    return name == "settings.ini" ? platform::SettingsStorePath() : platform::HomeFile(name);
   } catch (const std::exception& e) {
     BadLineNow(line, e.what());
   }
@@ -96,7 +96,7 @@ void Set(const ScriptLine& line) {
 }  // namespace
 
 [[noreturn]] void BadLineNow(const ScriptLine& line, const std::string& message) {
-  throw frame::UsageError(State().options.scriptPath + ":" + std::to_string(line.lineNumber) + ": " + message);
+  throw core::UsageError(State().options.scriptPath + ":" + std::to_string(line.lineNumber) + ": " + message);
 }
 
 void RunCommand(const ScriptLine& line) {

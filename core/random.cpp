@@ -1,6 +1,6 @@
-#include "frame/random.h"
+#include "core/random.h"
 
-namespace frame {
+namespace core {
 namespace {
 uint64_t state = 0x853C49E6748FEA9Bull;
 }
@@ -16,4 +16,4 @@ double Rnd() {
   return static_cast<double>(v >> 11) * (1.0 / 9007199254740992.0);
 }
 
-}  // namespace frame
+}  // namespace core

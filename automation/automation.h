@@ -6,12 +6,15 @@
 #include <functional>
 #include <string>
 
-#include "frame/options.h"
+#include "automation/options.h"
+#include "core/hooks.h"
 
 namespace automation {
 
-// Reads the script (throws frame::UsageError naming the line on a bad one).
-void Configure(const frame::Options& options);
+// Fills the hooks of core/hooks.h with the functions below.
+void InstallHooks();
+// Reads the script (throws core::UsageError naming the line on a bad one).
+void Configure(const automation::Options& options);
 // Lines due at moment 0 that must act before the start-up handler (joy plug).
 void BeforeStartup();
 // Observing lines at moment 0: after the start-up handler, before the first frame.
@@ -42,9 +45,7 @@ void NoteBeep();
 
 // The `game` command: true once, with the request, when a game is to start
 // without the menu (at start-up) or from the menu.
-struct GameRequest {
-  int variant = 0, type = 0, level = 0, height = 0, difficulty = 0;
-};
+using GameRequest = core::GameRequest;
 bool TakeGameRequest(GameRequest& out);
 // The `next` command's queue: true with the oldest queued piece.
 bool TakeQueuedPiece(int& kind, int& fuse);
@@ -57,9 +58,5 @@ void SetFieldPainter(std::function<void(int row, const std::string& cells)> pain
 // command line gave none.
 void NoteSeed(uint32_t seed);
 
-// Key names of scripts and dumps ("Escape", "1", "A", "LShift", "F10", "Up"...)
-// by key code; null for a code the game never tests. KeyCode: -1 for no such name.
-const char* KeyName(int code);
-int KeyCode(const std::string& name);
 
 }  // namespace automation

@@ -5,9 +5,10 @@
 #include <unistd.h>
 
 #include "display/surface.h"
-#include "frame/automation_internal.h"
-#include "frame/json_writer.h"
-#include "frame/variables.h"
+#include "core/key_names.h"
+#include "automation/internal.h"
+#include "core/json_writer.h"
+#include "core/variables.h"
 #include "platform/clock.h"
 
 namespace automation {
@@ -15,17 +16,17 @@ namespace {
 
 std::string Frame() { return std::to_string(State().frames); }
 
-void WriteKeyList(frame::JsonWriter& out, vars::Ref table) {
+void WriteKeyList(core::JsonWriter& out, vars::Ref table) {
   out.BeginArray();
   for (long long k = table.Low(); k <= table.High(); ++k) {
     if (table.Element(k).AsInteger() == 0) continue;
-    const char* name = KeyName(static_cast<int>(k));
+    const char* name = core::KeyName(static_cast<int>(k));
     out.String(name ? std::string(name) : "Key" + std::to_string(k));
   }
   out.EndArray();
 }
 
-void WriteField(frame::JsonWriter& out) {
+void WriteField(core::JsonWriter& out) {
   const display::Surface* field = display::FindSurface("FieldSurfaces[0]");
   if (!field || field->Width < 260 || field->Height < 420) return;
   out.Key("field");
@@ -40,7 +41,7 @@ void WriteField(frame::JsonWriter& out) {
   out.EndArray();
 }
 
-void WriteLog(frame::JsonWriter& out, const char* name, const std::vector<std::string>& entries) {
+void WriteLog(core::JsonWriter& out, const char* name, const std::vector<std::string>& entries) {
   out.Key(name);
   out.BeginArray();
   for (const std::string& entry : entries) out.Raw(entry);
@@ -59,7 +60,7 @@ std::string Bool(bool v) { return v ? "true" : "false"; }
 
 std::string DumpText() {
   const Engine& e = State();
-  frame::JsonWriter out;
+  core::JsonWriter out;
   out.BeginObject();
   out.Key("frame");
   out.Int(static_cast<long long>(e.frames));
@@ -125,7 +126,7 @@ void NoteSound(int index, bool played) {
 void NoteSoundStop(int index) { State().logs.sounds.push_back(Entry({Frame(), std::to_string(index), "\"stop\""})); }
 
 void NoteMusicPlay(const std::string& title, bool loop) {
-  State().logs.music.push_back(Entry({Frame(), "\"PlayMidi\"", frame::JsonQuote(title), Bool(loop)}));
+  State().logs.music.push_back(Entry({Frame(), "\"PlayMidi\"", core::JsonQuote(title), Bool(loop)}));
   MusicCalled(title);
 }
 
@@ -141,11 +142,11 @@ void NoteDraw(int nextKind, int nextFuse, int chargeCount, bool forced) {
 }
 
 void NoteFile(bool write, const std::string& name) {
-  State().logs.files.push_back(Entry({Frame(), write ? "\"write\"" : "\"read\"", frame::JsonQuote(name)}));
+  State().logs.files.push_back(Entry({Frame(), write ? "\"write\"" : "\"read\"", core::JsonQuote(name)}));
 }
 
 void NoteMessage(const std::string& title, const std::string& text) {
-  State().logs.messages.push_back(Entry({Frame(), frame::JsonQuote(title), frame::JsonQuote(text)}));
+  State().logs.messages.push_back(Entry({Frame(), core::JsonQuote(title), core::JsonQuote(text)}));
 }
 
 void NoteBeep() { State().logs.beeps.push_back(Entry({Frame(), std::to_string(platform::TickMs())})); }

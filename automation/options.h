@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-namespace frame {
+namespace automation {
 
 struct Options {
   bool headless = false;
@@ -19,8 +19,4 @@ struct Options {
   std::string recordPath;
 };
 
-// Parses argv. On bad usage prints a clear message to stderr and returns
-// false; the caller exits with status 2. --help prints usage and sets help.
-bool ParseCommandLine(int argc, char** argv, Options& out, bool& help);
-
-}  // namespace frame
+}  // namespace automation

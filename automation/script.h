@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/variables.h"
+#include "core/variables.h"
 
 namespace automation {
 
@@ -52,7 +52,7 @@ struct ScriptLine {
 bool RunsAtMoment(Op op);
 bool IsObserving(Op op);
 
-// Throws frame::UsageError "FILE:LINE: message" on a bad line.
+// Throws core::UsageError "FILE:LINE: message" on a bad line.
 std::vector<ScriptLine> ParseScript(const std::string& text, const std::string& fileName);
 std::vector<ScriptLine> ReadScriptFile(const std::string& path);
 

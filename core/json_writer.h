@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace frame {
+namespace core {
 
 class JsonWriter {
  public:
@@ -37,4 +37,4 @@ class JsonWriter {
 // A JSON string literal, quotes included.
 std::string JsonQuote(std::string_view text);
 
-}  // namespace frame
+}  // namespace core

@@ -1,8 +1,8 @@
 #include <array>
 
-#include "frame/automation.h"
+#include "core/key_names.h"
 
-namespace automation {
+namespace core {
 namespace {
 
 struct NamedKey {
@@ -47,4 +47,4 @@ int KeyCode(const std::string& name) {
   return -1;
 }
 
-}  // namespace automation
+}  // namespace core

@@ -1,5 +1,5 @@
 // What the automation's parts share: the run's counters, the script's place,
-// the logs. Not for the game; the game speaks frame/automation.h.
+// the logs. Not for the game; the game speaks core/hooks.h.
 #pragma once
 #include <compare>
 #include <cstdint>
@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
-#include "frame/automation.h"
-#include "frame/automation_script.h"
-#include "frame/options.h"
+#include "automation/automation.h"
+#include "automation/script.h"
+#include "automation/options.h"
 
 namespace automation {
 
@@ -37,7 +37,7 @@ struct Point {
 enum class Where { Start, Frame, Poll };
 
 struct Engine {
-  frame::Options options;
+  automation::Options options;
   std::vector<ScriptLine> lines;
   std::vector<bool> ranEarly;  // lines at 0 that acted before the start-up handler
   size_t cursor = 0;           // the first line whose moment is not reached yet
@@ -75,7 +75,7 @@ Point CurrentPoint();
 void SoundCalled(int index);
 void MusicCalled(const std::string& title);
 
-// Runs one line's command now (throws frame::UsageError for a line that is bad here).
+// Runs one line's command now (throws core::UsageError for a line that is bad here).
 void RunCommand(const ScriptLine& line);
 // "FILE:LINE: message" for a line of the script.
 [[noreturn]] void BadLineNow(const ScriptLine& line, const std::string& message);

@@ -1,11 +1,12 @@
-#include "frame/automation_record.h"
+#include "core/key_names.h"
+#include "automation/record.h"
 
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 
-#include "frame/paths.h"
+#include "platform/paths.h"
 
 namespace automation {
 namespace {
@@ -47,14 +48,14 @@ void Recorder::CopyHome() {
   std::string error;
   for (const char* name : {"VSys/hs.inf", "VSys/maindata.inf"}) {
     try {
-      if (!CopyFile(frame::HomeFile(name), home / name, error))
+      if (!CopyFile(platform::HomeFile(name), home / name, error))
         std::fprintf(stderr, "vorrel: record: %s\n", error.c_str());
     } catch (const std::exception& e) {
       std::fprintf(stderr, "vorrel: record: %s\n", e.what());
     }
   }
   // A missing store reads as the absent value; a missing copy keeps that so.
-  const fs::path store = frame::SettingsStorePath();
+  const fs::path store = platform::SettingsStorePath();
   if (fs::is_regular_file(store, ec) && !CopyFile(store, home / "settings.ini", error))
     std::fprintf(stderr, "vorrel: record: %s\n", error.c_str());
 }
@@ -154,7 +155,7 @@ void Recorder::Finish(bool quitAsked, std::optional<uint32_t> seed) {
 void Recorder::KeyboardRead(const uint8_t state[256]) {
   for (int k = 1; k < 256; ++k) {
     bool down = state[k] != 0;
-    const char* name = KeyName(k);
+    const char* name = core::KeyName(k);
     if (!name || down == keys_[k]) continue;
     keys_[k] = down;
     Emit(std::string("key ") + (down ? "down " : "up ") + name, false);

@@ -1,10 +1,10 @@
-#include "frame/json_writer.h"
+#include "core/json_writer.h"
 
 #include <charconv>
 #include <cmath>
 #include <cstdio>
 
-namespace frame {
+namespace core {
 
 std::string JsonQuote(std::string_view text) {
   std::string out = "\"";
@@ -123,4 +123,4 @@ void JsonWriter::Raw(std::string_view json) {
   out_ += json;
 }
 
-}  // namespace frame
+}  // namespace core

@@ -1,12 +1,12 @@
-#include "frame/passes.h"
+#include "display/passes.h"
 
 #include "display/surface.h"
-#include "frame/automation.h"
-#include "frame/errors.h"
+#include "core/hooks.h"
+#include "core/errors.h"
 #include "platform/backend.h"
 #include "platform/clock.h"
 
-namespace frame {
+namespace display {
 
 namespace {
 uint64_t frames = 0;
@@ -18,7 +18,7 @@ void Pace() {
 }
 
 void QuitIfAsked() {
-  if (platform::QuitRequested()) throw OrderlyQuit{};
+  if (platform::QuitRequested()) throw core::OrderlyQuit{};
 }
 }  // namespace
 
@@ -26,7 +26,7 @@ void FramePresented() {
   ++frames;
   platform::AdvanceClock(platform::kUnitsPerFrame);
   Pace();
-  automation::FrameMoment();
+  core::FrameMoment();
   QuitIfAsked();
 }
 
@@ -38,7 +38,7 @@ void IdlePass() {
   }
   platform::AdvanceClock(platform::kUnitsPerPass);
   Pace();
-  automation::IdleMoment();
+  core::IdleMoment();
   QuitIfAsked();
 }
 
@@ -55,4 +55,4 @@ void YieldToSystem() {
   QuitIfAsked();
 }
 
-}  // namespace frame
+}  // namespace display

@@ -3,7 +3,7 @@
 #pragma once
 #include <cstdint>
 
-namespace frontend {
+namespace core {
 
 struct MenuSettings {
   int16_t GameVariant = 1;  // 0 Classic, 1 Bonus, 2 Wickory
@@ -19,4 +19,4 @@ struct MenuSettings {
 };
 extern MenuSettings Settings;
 
-}  // namespace frontend
+}  // namespace core

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/automation_internal.h"
+#include "automation/internal.h"
 #include "platform/devices.h"
 
 namespace automation {

@@ -1,4 +1,5 @@
-#include "frame/automation_script.h"
+#include "core/key_names.h"
+#include "automation/script.h"
 
 #include <array>
 #include <cctype>
@@ -9,8 +10,8 @@
 #include <optional>
 #include <sstream>
 
-#include "frame/automation.h"
-#include "frame/errors.h"
+#include "automation/automation.h"
+#include "core/errors.h"
 
 namespace automation {
 namespace {
@@ -191,7 +192,7 @@ class LineParser {
 
   int Key() {
     std::string name = Word("the key name");
-    int code = KeyCode(name);
+    int code = core::KeyCode(name);
     if (code < 0) Bad("no key is called \"" + name + "\"");
     return code;
   }
@@ -373,7 +374,7 @@ std::vector<ScriptLine> ParseScript(const std::string& text, const std::string& 
     try {
       if (!parser.Parse(frameFloor)) continue;
     } catch (const BadLine& bad) {
-      throw frame::UsageError(fileName + ":" + std::to_string(number) + ": " + bad.message);
+      throw core::UsageError(fileName + ":" + std::to_string(number) + ": " + bad.message);
     }
     parsed.commandText = line.substr(parser.CommandStart(), parser.CommandEnd() - parser.CommandStart());
     size_t first = parsed.commandText.find_first_not_of(" \t");
@@ -385,7 +386,7 @@ std::vector<ScriptLine> ParseScript(const std::string& text, const std::string& 
 
 std::vector<ScriptLine> ReadScriptFile(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
-  if (!in) throw frame::UsageError(path + ": cannot read the script");
+  if (!in) throw core::UsageError(path + ": cannot read the script");
   std::ostringstream text;
   text << in.rdbuf();
   return ParseScript(text.str(), path);

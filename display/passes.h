@@ -5,7 +5,7 @@
 #pragma once
 #include <cstdint>
 
-namespace frame {
+namespace display {
 
 // Called by PresentFrame once the new picture is on screen.
 void FramePresented();
@@ -21,4 +21,4 @@ uint32_t GetTick();
 // Yields to the window's message loop without moving the clock.
 void YieldToSystem();
 
-}  // namespace frame
+}  // namespace display

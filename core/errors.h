@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace frame {
+namespace core {
 
 struct GameFault : std::runtime_error {
   // what: the failing file or call, as it goes to stderr after the box.
@@ -21,4 +21,4 @@ struct UsageError : std::runtime_error {
 
 [[noreturn]] inline void Fail(const std::string& what) { throw GameFault(what); }
 
-}  // namespace frame
+}  // namespace core

@@ -3,7 +3,7 @@
 #pragma once
 #include <string>
 
-namespace frame {
+namespace platform {
 
 // Set once from the command line (or the defaults) before anything loads.
 void SetDataFolder(const std::string& dir);
@@ -20,4 +20,4 @@ std::string HomeFile(const std::string& name);
 // XDG config folder's vorrel/settings.ini.
 std::string SettingsStorePath();
 
-}  // namespace frame
+}  // namespace platform

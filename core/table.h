@@ -5,9 +5,9 @@
 #include <cstddef>
 #include <string>
 
-#include "frame/errors.h"
+#include "core/errors.h"
 
-namespace frame {
+namespace core {
 
 [[noreturn]] void TableIndexFault(const char* table, long long index, long long lo, long long hi);
 
@@ -40,4 +40,4 @@ class Table {
   std::array<T, kSize> data_{};
 };
 
-}  // namespace frame
+}  // namespace core

@@ -22,9 +22,9 @@
 #include <utility>
 #include <vector>
 
-#include "frame/table.h"
+#include "core/table.h"
 
-namespace frame {
+namespace core {
 class JsonWriter;
 }
 
@@ -103,7 +103,7 @@ namespace detail {
 template <class T>
 struct IsTable : std::false_type {};
 template <class E, long long Lo, long long Hi>
-struct IsTable<frame::Table<E, Lo, Hi>> : std::true_type {};
+struct IsTable<core::Table<E, Lo, Hi>> : std::true_type {};
 
 template <class T>
 struct IsStdArray : std::false_type {};
@@ -254,6 +254,6 @@ bool Assign(const std::string& name, const std::vector<long long>& indexes, cons
 
 // As a dump shows it: tables as arrays keeping the game's indexes (null below
 // the first), records as arrays in field order.
-void WriteJson(frame::JsonWriter& out, Ref ref);
+void WriteJson(core::JsonWriter& out, Ref ref);
 
 }  // namespace vars

@@ -1,8 +1,8 @@
-#include "frame/variables.h"
+#include "core/variables.h"
 
 #include <map>
 
-#include "frame/json_writer.h"
+#include "core/json_writer.h"
 
 namespace vars {
 namespace {
@@ -24,12 +24,12 @@ std::string Literal::Describe() const {
   switch (kind) {
     case Kind::Integer: return std::to_string(integer);
     case Kind::Decimal: {
-      frame::JsonWriter w;
+      core::JsonWriter w;
       w.Real(decimal);
       return w.Text();
     }
     case Kind::Boolean: return boolean ? "true" : "false";
-    case Kind::Text: return frame::JsonQuote(text);
+    case Kind::Text: return core::JsonQuote(text);
   }
   return "";
 }
@@ -116,7 +116,7 @@ bool Assign(const std::string& name, const std::vector<long long>& indexes, cons
   return true;
 }
 
-void WriteJson(frame::JsonWriter& out, Ref ref) {
+void WriteJson(core::JsonWriter& out, Ref ref) {
   switch (ref.GetKind()) {
     case Kind::Integer: out.Int(ref.AsInteger()); break;
     case Kind::Real:

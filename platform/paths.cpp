@@ -1,16 +1,16 @@
-#include "frame/paths.h"
+#include "platform/paths.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
-#include "frame/automation.h"
-#include "frame/errors.h"
+#include "core/hooks.h"
+#include "core/errors.h"
 
 namespace fs = std::filesystem;
 
-namespace frame {
+namespace platform {
 
 namespace {
 std::string dataFolder;
@@ -42,7 +42,7 @@ std::string HomeFile(const std::string& name) {
   fs::path file = fs::path(PlayerFolder()) / name;
   std::error_code ec;
   fs::create_directories(file.parent_path(), ec);
-  if (ec) Fail("cannot create the folder " + file.parent_path().string() + ": " + ec.message());
+  if (ec) core::Fail("cannot create the folder " + file.parent_path().string() + ": " + ec.message());
   if (!fs::exists(file, ec) && name.rfind("VSys/", 0) == 0) {
     // First run: start from the shipped defaults, copied whole or not at all.
     fs::path defaults = fs::path(dataFolder) / name;
@@ -62,4 +62,4 @@ std::string SettingsStorePath() {
   return XdgFolder("XDG_CONFIG_HOME", ".config") + "/settings.ini";
 }
 
-}  // namespace frame
+}  // namespace platform

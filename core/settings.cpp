@@ -1,0 +1,7 @@
+#include "core/settings.h"
+
+namespace core {
+
+MenuSettings Settings;
+
+}  // namespace core

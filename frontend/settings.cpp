@@ -1,7 +1,0 @@
-#include "frontend/settings.h"
-
-namespace frontend {
-
-MenuSettings Settings;
-
-}  // namespace frontend
