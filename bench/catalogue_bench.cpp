@@ -7,10 +7,10 @@
 #include "audio/audio_devices.h"
 #include "display/bitmap_text.h"
 #include "display/surface.h"
-#include "frame/automation.h"
+#include "automation/automation.h"
 #include "frame/catalogue.h"
-#include "frame/options.h"
-#include "frame/paths.h"
+#include "automation/options.h"
+#include "platform/paths.h"
 #include "platform/backend.h"
 
 namespace {
@@ -22,9 +22,9 @@ void BM_LoadCatalogue(benchmark::State& state) {
     return;
   }
   platform::SetCurrent(platform::MakeHeadlessBackend());
-  frame::Options none;
+  automation::Options none;
   automation::Configure(none);
-  frame::SetDataFolder(data);
+  platform::SetDataFolder(data);
   std::string failed;
   display::InitDisplay(failed);
   display::CreateBlankSurface(display::Display.Backdrop, 800, 600);
