@@ -3,29 +3,19 @@
 #include <SDL2/SDL.h>
 #include <SDL2/SDL_image.h>
 
-#include <algorithm>
 #include <cstdio>
 
 #include "platform/backend.h"
+#include "platform/sharp_scale.h"
 
 namespace platform {
 namespace {
 
 constexpr const char* kTitle = "Bonus Vorrel plus Wickory";
 
-// The picture as large as fits, centred, black bars on the rest.
-SDL_Rect Letterbox(int outW, int outH) {
-  double scale = std::min(outW / double(kScreenWidth), outH / double(kScreenHeight));
-  int w = std::max(1, int(kScreenWidth * scale + 0.5));
-  int h = std::max(1, int(kScreenHeight * scale + 0.5));
-  return SDL_Rect{(outW - w) / 2, (outH - h) / 2, w, h};
-}
-
 }  // namespace
 
 bool SdlWindow::Open(bool windowed, std::string& error) {
-  // Smooth scaling: the picture is rarely an exact multiple of the screen.
-  SDL_SetHint(SDL_HINT_RENDER_SCALE_QUALITY, "linear");
   Uint32 flags = SDL_WINDOW_RESIZABLE;
   // The desktop's own mode, never a mode switch: the picture is scaled instead.
   if (!windowed) flags |= SDL_WINDOW_FULLSCREEN_DESKTOP;
@@ -61,29 +51,76 @@ bool SdlWindow::Open(bool windowed, std::string& error) {
     Close();
     return false;
   }
+  SDL_RendererInfo info;
+  if (SDL_GetRendererInfo(renderer_, &info) == 0) {
+    maxTextureW_ = info.max_texture_width;
+    maxTextureH_ = info.max_texture_height;
+  }
   hasPicture_ = false;
   Refresh();
   return true;
 }
 
 void SdlWindow::Close() {
+  if (target_) SDL_DestroyTexture(target_);
   if (texture_) SDL_DestroyTexture(texture_);
   if (renderer_) SDL_DestroyRenderer(renderer_);
   if (window_) SDL_DestroyWindow(window_);
   texture_ = nullptr;
+  target_ = nullptr;
+  targetW_ = targetH_ = 0;
+  maxTextureW_ = maxTextureH_ = 0;
   renderer_ = nullptr;
   window_ = nullptr;
   hasPicture_ = false;
 }
 
+bool SdlWindow::PrepareTarget(int w, int h) {
+  // Also a size that failed: not tried again every frame.
+  if (targetW_ == w && targetH_ == h) return target_ != nullptr;
+  if (target_) SDL_DestroyTexture(target_);
+  target_ = nullptr;
+  targetW_ = w;
+  targetH_ = h;
+  if (SDL_RenderTargetSupported(renderer_))
+    target_ = SDL_CreateTexture(renderer_, SDL_PIXELFORMAT_ARGB8888, SDL_TEXTUREACCESS_TARGET, w, h);
+  if (!target_) {
+    if (!targetWarned_)
+      std::fprintf(stderr, "display: cannot make a %d x %d texture to scale in (%s); scaling in one smooth step\n", w,
+                   h, SDL_GetError());
+    targetWarned_ = true;
+    return false;
+  }
+  SDL_SetTextureBlendMode(target_, SDL_BLENDMODE_NONE);
+  SDL_SetTextureScaleMode(target_, SDL_ScaleModeLinear);
+  return true;
+}
+
 void SdlWindow::Draw() {
+  int w = 0, h = 0;
+  bool sized = SDL_GetRendererOutputSize(renderer_, &w, &h) == 0 && w > 0 && h > 0;
+  SDL_Texture* source = nullptr;
+  SDL_Rect dest{0, 0, 0, 0};
+  if (hasPicture_ && sized) {
+    SharpScale plan = PlanSharpScale(w, h, maxTextureW_, maxTextureH_);
+    dest = SDL_Rect{plan.dest.x, plan.dest.y, plan.dest.w, plan.dest.h};
+    source = texture_;
+    // Linear filtering straight from 800 x 600 smears every pixel edge at
+    // sizes that are not whole multiples: enlarge by whole pixels first and
+    // let the filter only reduce.
+    if (plan.TwoPasses() && PrepareTarget(plan.midWidth, plan.midHeight)) {
+      SDL_SetTextureScaleMode(texture_, SDL_ScaleModeNearest);
+      SDL_SetRenderTarget(renderer_, target_);
+      SDL_RenderCopy(renderer_, texture_, nullptr, nullptr);
+      SDL_SetRenderTarget(renderer_, nullptr);
+      source = target_;
+    } else {
+      SDL_SetTextureScaleMode(texture_, plan.Exact() ? SDL_ScaleModeNearest : SDL_ScaleModeLinear);
+    }
+  }
   SDL_SetRenderDrawColor(renderer_, 0, 0, 0, 255);
   SDL_RenderClear(renderer_);
-  if (!hasPicture_) return;
-  int w = 0, h = 0;
-  if (SDL_GetRendererOutputSize(renderer_, &w, &h) != 0 || w <= 0 || h <= 0) return;
-  SDL_Rect dest = Letterbox(w, h);
-  SDL_RenderCopy(renderer_, texture_, nullptr, &dest);
+  if (source) SDL_RenderCopy(renderer_, source, nullptr, &dest);
 }
 
 void SdlWindow::Show(const uint16_t* pixels) {

@@ -1,5 +1,6 @@
 // The game's window: the 800 x 600 picture scaled into it with black bars,
-// full screen at the desktop's own resolution or in a resizable window.
+// full screen at the desktop's own resolution or in a resizable window. The
+// scaling keeps the pixel art sharp at any size (see sharp_scale.h).
 #pragma once
 #include <cstdint>
 #include <string>
@@ -32,10 +33,16 @@ class SdlWindow {
 
  private:
   void Draw();
+  // The in-between picture at w x h, made again only when the size changes.
+  bool PrepareTarget(int w, int h);
 
   SDL_Window* window_ = nullptr;
   SDL_Renderer* renderer_ = nullptr;
   SDL_Texture* texture_ = nullptr;
+  SDL_Texture* target_ = nullptr;
+  int targetW_ = 0, targetH_ = 0;
+  int maxTextureW_ = 0, maxTextureH_ = 0;
+  bool targetWarned_ = false;
   bool hasPicture_ = false;
 };
 
