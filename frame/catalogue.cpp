@@ -11,7 +11,6 @@
 
 namespace frame {
 
-AssetSurfaces Assets;
 
 using display::BltOpaque;
 using display::CreateBlankSurface;

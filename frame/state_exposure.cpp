@@ -30,9 +30,6 @@ void ExposeProgramState() {
   vars::Expose("KeyboardState", input::Input.KeyboardState);
   vars::Expose("MouseState", input::Input.MouseState);
   vars::Expose("JoystickState", input::Input.JoystickState);
-  vars::Expose("DropDelay", game::Game.DropDelay);
-  vars::Expose("DangerZone", game::Game.DangerZone);
-  vars::Expose("DangerZoneBefore", game::Game.DangerZoneBefore);
   vars::Expose("AppRunning", core::Run.AppRunning);
   vars::Expose("LoadStep", Frame.LoadStep);
   vars::Expose("PixelValue", display::Display.PixelValue);
@@ -68,6 +65,7 @@ void ExposeProgramState() {
   vars::Expose("SoundOn", s.SoundOn);
   vars::Expose("VoiceOn", s.VoiceOn);
   vars::Expose("MusicTrack", s.MusicTrack);
+  game::ExposeGameState();
   audio::ExposeAudioState();
   NameAssetSurfaces();
 }

@@ -54,10 +54,10 @@ Surface Canvas(int w, int h) {
 TEST_F(Catalogue, EverySurfaceAndSoundCounted) {
   EXPECT_EQ(frame::Frame.LoadStep, frame::kFinalLoadStep);
   EXPECT_EQ(display::FramesPresented() - framesBefore, 43u) << "the bar is redrawn every 20 steps";
-  EXPECT_TRUE(frame::Assets.FieldSurfaces[2].HasClipper);
-  EXPECT_EQ(frame::Assets.FieldSurfaces[0].ClipRect.Right, 260);
-  EXPECT_EQ(frame::Assets.PieceSprites[15][3][2].Width, 80);
-  EXPECT_EQ(frame::Assets.SmallExplosionFrames[14].Width, 64);
+  EXPECT_TRUE(display::Assets.FieldSurfaces[2].HasClipper);
+  EXPECT_EQ(display::Assets.FieldSurfaces[0].ClipRect.Right, 260);
+  EXPECT_EQ(display::Assets.PieceSprites[15][3][2].Width, 80);
+  EXPECT_EQ(display::Assets.SmallExplosionFrames[14].Width, 64);
 }
 
 TEST_F(Catalogue, GlyphsAreCutFromTheirSheets) {

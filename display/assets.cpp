@@ -1,0 +1,7 @@
+#include "display/assets.h"
+
+namespace display {
+
+AssetSurfaces Assets;
+
+}  // namespace display
