@@ -12,7 +12,8 @@
 # The takes are cut right at the first sound; the recogniser needs a moment of
 # quiet to settle before speech, so every take is heard with 0.3 s of silence
 # either side, as a player hears it between other sounds. --raw hears the files
-# as they are.
+# as they are. No dither when resampling for it: the same file is heard the
+# same way every time.
 #
 # Usage: tools/voice-check.sh [--raw] [BUILD-DIR]   (default: build; uses its
 #        data/ folder and its assetgen)
@@ -60,7 +61,7 @@ real_words() {  # text -> its words the dictionary knows, lower case
   echo "${out% }"
 }
 hear() {
-  sox "$1" -r 16000 -c 1 -b 16 "$tmp/16k.wav" "${pad[@]}" 2>/dev/null &&
+  sox -D "$1" -r 16000 -c 1 -b 16 "$tmp/16k.wav" "${pad[@]}" 2>/dev/null &&
     pocketsphinx_continuous -infile "$tmp/16k.wav" -logfn /dev/null 2>/dev/null | tr 'A-Z\n' 'a-z ' | tr -cd "a-z' "
 }
 heard_all() {  # words transcript -> 0 when every word is there
