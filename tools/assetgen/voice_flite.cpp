@@ -4,6 +4,7 @@
 #include <flite/flite.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <fstream>
 #include <map>
 #include <mutex>
@@ -78,6 +79,9 @@ assetgen::Pcm Speak(const Phrase& p, const assetgen::Entry& entry) {
   feat_set_float(v->features, "duration_stretch", static_cast<float>(p.stretch));
   if (p.pitch > 0) feat_set_float(v->features, "int_f0_target_mean", static_cast<float>(p.pitch));
   else feat_remove(v->features, "int_f0_target_mean");
+  // flite voices unvoiced sounds with rand(): reseed so that a take depends on
+  // its own phrase only, not on which takes came before it.
+  std::srand(1);
   cst_wave* w = flite_text_to_wave(p.text.c_str(), v);
   if (!w || w->num_samples <= 0) assetgen::Fail(entry, "flite produced nothing");
   assetgen::Pcm pcm;
