@@ -29,6 +29,7 @@ void PresentFrame(int mode) {
   // The flip: the composed picture becomes the one on screen.
   std::swap(front.Pixels, back.Pixels);
   platform::Current().ShowPicture(front.Pixels.data());
+  platform::Current().FramePresented();
   Display.FrontDirty = false;
   if (mode <= 0) {
     if (!Display.Backdrop.Exists()) core::Fail("PresentFrame(0) without a backdrop");

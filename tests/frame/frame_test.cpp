@@ -14,6 +14,7 @@
 #include "core/table.h"
 #include "platform/backend.h"
 #include "platform/clock.h"
+#include "tests/support/fake_backend.h"
 
 using namespace display;
 
@@ -104,3 +105,25 @@ TEST_F(FrameInProcess, LoadingBarSteps) {
   EXPECT_EQ(shown.Row(329)[798], Rgb565(0, 50, 0)) << "the slanted end reaches past 798 only at later steps";
   EXPECT_EQ(shown.Row(330)[400], 0);
 }
+
+TEST(FramePresenting, TheBackEndHearsOfEveryPresentedFrameOnly) {
+  // The devices drop presses nobody read at each presented frame, so the
+  // back end must hear of those frames and not of the idle passes.
+  auto backend = std::make_unique<testsupport::FakeBackend>();
+  auto counts = backend->counts;
+  platform::SetCurrent(std::move(backend));
+  automation::Options none;
+  automation::Configure(none);
+  std::string failed;
+  ASSERT_TRUE(InitDisplay(failed)) << failed;
+  CreateBlankSurface(Display.Backdrop, 800, 600, 0);
+  Display.ScreenRect = {0, 0, 800, 600};
+  PresentFrame(0);
+  PresentFrame(1);
+  Display.FrontDirty = true;
+  display::IdlePass();
+  display::WaitMs(3);
+  EXPECT_EQ(counts->framesPresented, 2);
+  EXPECT_EQ(counts->pictures, 3) << "the idle pass showed the drawn-on picture";
+}
+
