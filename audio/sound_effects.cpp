@@ -20,9 +20,11 @@ void LoadSoundBuffer(int index, const std::string& gamePath) {
 }
 
 void PlaySoundEffect(int16_t index) {
+  // An index with no sound asks nothing of the mixer: it is not logged, so
+  // a logged "not played" always means a switch silenced the sound.
+  if (SoundBuffers[index] == 0) return;
   const auto& s = core::Settings;
-  const bool allowed = index <= 99 ? s.SoundOn == 1 : s.VoiceOn == 1;
-  const bool played = allowed && SoundBuffers[index] != 0;
+  const bool played = index <= 99 ? s.SoundOn == 1 : s.VoiceOn == 1;
   core::NoteSound(index, played);
   if (played) platform::PlaySoundSlot(index);
 }

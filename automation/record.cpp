@@ -6,6 +6,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "core/errors.h"
 #include "platform/paths.h"
 
 namespace automation {
@@ -39,7 +40,16 @@ std::string Word(const std::string& s) {
 
 }  // namespace
 
-Recorder::Recorder(std::string path) : path_(std::move(path)) {}
+void CheckOutputFolder(const std::string& path, const char* option) {
+  std::error_code ec;
+  const fs::path file(path);
+  const fs::path folder = file.parent_path().empty() ? fs::path(".") : file.parent_path();
+  if (!fs::is_directory(folder, ec))
+    throw core::UsageError(std::string(option) + " " + path + ": the folder " + folder.string() + " does not exist");
+  if (fs::is_directory(file, ec)) throw core::UsageError(std::string(option) + " " + path + ": is a folder");
+}
+
+Recorder::Recorder(std::string path) : path_(std::move(path)) { CheckOutputFolder(path_, "--record"); }
 
 void Recorder::CopyHome() {
   const fs::path home = path_ + ".home";

@@ -13,8 +13,13 @@
 
 namespace automation {
 
+// An output file of the run (--record, --dump) must go into a folder that
+// exists: throws core::UsageError naming the path otherwise. Nothing is created.
+void CheckOutputFolder(const std::string& path, const char* option);
+
 class Recorder final : public platform::DeviceObserver {
  public:
+  // The recording's folder must exist (CheckOutputFolder).
   explicit Recorder(std::string path);
 
   // Copies the home files beside the recording, as the session finds them.

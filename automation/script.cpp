@@ -385,10 +385,14 @@ std::vector<ScriptLine> ParseScript(const std::string& text, const std::string& 
 }
 
 std::vector<ScriptLine> ReadScriptFile(const std::string& path) {
+  // Opening a folder succeeds on Linux and reads nothing: not an empty script.
+  std::error_code ec;
+  if (std::filesystem::is_directory(path, ec)) throw core::UsageError(path + ": is a folder, not a script");
   std::ifstream in(path, std::ios::binary);
   if (!in) throw core::UsageError(path + ": cannot read the script");
   std::ostringstream text;
   text << in.rdbuf();
+  if (in.bad()) throw core::UsageError(path + ": cannot read the script");
   return ParseScript(text.str(), path);
 }
 

@@ -1,5 +1,6 @@
 // The program's one uniform random generator, seeded once at start-up.
 #pragma once
+#include <cmath>
 #include <cstdint>
 
 namespace core {
@@ -7,7 +8,8 @@ namespace core {
 void Randomize(uint32_t seed);
 // A number in [0, 1).
 double Rnd();
-// Int(Rnd x n) + k, the way every random choice of the game is written.
-inline int RandomInt(int n, int k = 0) { return static_cast<int>(Rnd() * n) + k; }
+// Int(Rnd x n) + k, the way every random choice of the game is written. Int
+// is the floor, so a negative n gives n..-1 (plus k), never 0.
+inline int RandomInt(int n, int k = 0) { return static_cast<int>(std::floor(Rnd() * n)) + k; }
 
 }  // namespace core

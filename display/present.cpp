@@ -29,10 +29,13 @@ void PresentFrame(int mode) {
   // The flip: the composed picture becomes the one on screen.
   std::swap(front.Pixels, back.Pixels);
   platform::Current().ShowPicture(front.Pixels.data());
+  platform::Current().FramePresented();
   Display.FrontDirty = false;
   if (mode <= 0) {
     if (!Display.Backdrop.Exists()) core::Fail("PresentFrame(0) without a backdrop");
-    BltOpaque(back, 0, 0, back.Width, back.Height, Display.Backdrop, 0, 0, back.Width, back.Height);
+    const Rect r = Display.ScreenRect;  // a script may narrow it
+    const int32_t w = r.Right - r.Left, h = r.Bottom - r.Top;
+    BltOpaque(back, r.Left, r.Top, w, h, Display.Backdrop, r.Left, r.Top, w, h);
   } else {
     FillSurface(back, Display.WholeRect, static_cast<uint16_t>(mode - 1));
   }

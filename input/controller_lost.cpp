@@ -25,9 +25,36 @@ void DrawLines(display::Surface& s, int x, int y) {
   for (int i = 0; i < 4; ++i) display::DrawText(s, x, y + kLineOffsets[i], kLines[i]);
 }
 
+void DrawMessageBox(display::Surface& s) {
+  display::SetForeColour(s, 0, 255, 0);
+  display::SetFillColour(s, 0, 75, 0);
+  display::SetFillStyle(s, 0);
+  display::DrawBox(s, 100, 375, 600, 400);
+}
+
+void DrawFailed(display::Surface& s) {
+  display::SetForeColour(s, 255, 0, 0);
+  display::DrawText(s, 250, 380, "Connection Failed!");
+}
+
+// The screen is up: a pad that fails again while it shows (listed, opened,
+// then unreadable) is reported inside it, never by a second screen on top.
+bool showing = false;
+bool lostAgain = false;
+
 }  // namespace
 
 void NoJoystick() {
+  if (showing) {
+    lostAgain = true;
+    return;
+  }
+  showing = true;
+  lostAgain = false;
+  struct Leave {
+    ~Leave() { showing = false; }  // the orderly quit leaves from any pass
+  } leave;
+
   display::Surface& front = display::Display.PrimarySurface;
   const std::string previousScreen = core::CurrentScreen();
   core::EnterScreen("nojoystick");
@@ -40,14 +67,19 @@ void NoJoystick() {
   display::SetForeColour(front, 255, 255, 0);
   DrawLines(front, 152, 225);
 
+  // The loop runs about a thousand passes a second: one attempt per press.
+  bool f1Held = false;
   for (;;) {
     ControlCheckHigh();
+    if (lostAgain) {
+      lostAgain = false;
+      DrawMessageBox(front);
+      DrawFailed(front);
+    }
     if (Input.KeyTable[kKeyEscape]) break;
-    if (Input.KeyTable[kKeyF1]) {
-      display::SetForeColour(front, 0, 255, 0);
-      display::SetFillColour(front, 0, 75, 0);
-      display::SetFillStyle(front, 0);
-      display::DrawBox(front, 100, 375, 600, 400);
+    const bool f1 = Input.KeyTable[kKeyF1];
+    if (f1 && !f1Held) {
+      DrawMessageBox(front);
       display::SetForeColour(front, 255, 255, 255);
       display::DrawText(front, 250, 380, "Attempting to re-connect josystick");
       InitJoystick();
@@ -57,10 +89,10 @@ void NoJoystick() {
         display::SetForeColour(front, 255, 255, 0);
         display::DrawText(front, 250, 380, "Connection Established! Press ESC to continue!");
       } else {
-        display::SetForeColour(front, 255, 0, 0);
-        display::DrawText(front, 250, 380, "Connection Failed!");
+        DrawFailed(front);
       }
     }
+    f1Held = f1;
     display::IdlePass();
   }
   while (Input.KeyTable[kKeyEscape]) {

@@ -42,6 +42,9 @@ class Backend {
   // Pacing: a real window sleeps until real time has caught up with the
   // game clock (ms since start, fractional); headless returns at once.
   virtual void PaceTo(double clockMs) = 0;
+  // A frame was presented (not called for the idle passes): presses made
+  // while the game read no device since the frame before are dropped now.
+  virtual void FramePresented() {}
   // Handles pending window events: close button (RequestQuit), focus, full
   // screen toggles (F11, Alt+Enter), device hot-plug notices.
   virtual void PumpEvents() = 0;

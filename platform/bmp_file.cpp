@@ -42,10 +42,13 @@ void Put(std::vector<uint8_t>& b, uint32_t v, int n) {
 }  // namespace
 
 bool Decode(const uint8_t* d, size_t size, Image565& out, std::string& error) {
+  // Every size and offset is checked in 64 bits against what is left of the
+  // file, so no field of a damaged header can wrap into a pass.
   if (size < 54 || d[0] != 'B' || d[1] != 'M') { error = "not a BMP file"; return false; }
-  uint32_t dataOffset = U32(d + 10);
-  uint32_t headerSize = U32(d + 14);
-  if (headerSize < 40 || 14 + headerSize > size) { error = "unsupported BMP header"; return false; }
+  const uint64_t fileSize = size;
+  const uint64_t dataOffset = U32(d + 10);
+  const uint64_t headerSize = U32(d + 14);
+  if (headerSize < 40 || 14 + headerSize > fileSize) { error = "unsupported BMP header"; return false; }
   int32_t w = static_cast<int32_t>(U32(d + 18));
   int32_t h = static_cast<int32_t>(U32(d + 22));
   int bpp = U16(d + 28);
@@ -56,29 +59,34 @@ bool Decode(const uint8_t* d, size_t size, Image565& out, std::string& error) {
   if (topDown) h = -h;
   if (w <= 0 || h <= 0 || w > 16384 || h > 16384) { error = "bad BMP dimensions"; return false; }
   if (compression != 0 && compression != 3) { error = "compressed BMP not supported"; return false; }
+  if (bpp != 1 && bpp != 4 && bpp != 8 && bpp != 16 && bpp != 24 && bpp != 32) {
+    error = "unsupported bit depth " + std::to_string(bpp);
+    return false;
+  }
+  // What lies between the headers and the pixels: the three masks after a
+  // 40-byte header (larger headers hold them inside), or the palette.
+  uint64_t headersEnd = 14 + headerSize;
   uint32_t rm = 0, gm = 0, bm = 0;
   if (bpp == 16) { rm = 0x7C00; gm = 0x03E0; bm = 0x001F; }
   if (bpp == 32) { rm = 0xFF0000; gm = 0xFF00; bm = 0xFF; }
   if (compression == 3) {
     if (bpp != 16 && bpp != 32) { error = "bitfields need 16 or 32 bits"; return false; }
+    if (14 + 40 + 12 > fileSize) { error = "truncated BMP masks"; return false; }
     const uint8_t* masks = d + 14 + 40;
-    if (headerSize > 40) masks = d + 14 + 40;  // V4/V5 headers keep the masks in place
-    if (masks + 12 > d + size) { error = "truncated BMP masks"; return false; }
     rm = U32(masks); gm = U32(masks + 4); bm = U32(masks + 8);
-  }
-  if (bpp != 1 && bpp != 4 && bpp != 8 && bpp != 16 && bpp != 24 && bpp != 32) {
-    error = "unsupported bit depth " + std::to_string(bpp);
-    return false;
+    if (headerSize == 40) headersEnd += 12;
   }
   std::vector<uint16_t> palette;
   if (bpp <= 8) {
-    uint32_t n = colours ? colours : (1u << bpp);
-    const uint8_t* p = d + 14 + headerSize;
-    if (n > 256 || p + 4 * n > d + size) { error = "bad BMP palette"; return false; }
-    for (uint32_t i = 0; i < n; ++i) palette.push_back(Pack565(p[4 * i + 2], p[4 * i + 1], p[4 * i]));
+    const uint64_t n = colours ? colours : (1u << bpp);
+    if (n > 256 || headersEnd + 4 * n > fileSize) { error = "bad BMP palette"; return false; }
+    const uint8_t* p = d + headersEnd;
+    for (uint64_t i = 0; i < n; ++i) palette.push_back(Pack565(p[4 * i + 2], p[4 * i + 1], p[4 * i]));
+    headersEnd += 4 * n;
   }
-  size_t stride = ((static_cast<size_t>(w) * bpp + 31) / 32) * 4;
-  if (dataOffset > size || stride * h > size - dataOffset) { error = "truncated BMP pixel data"; return false; }
+  if (dataOffset < headersEnd) { error = "BMP pixel data overlaps its headers"; return false; }
+  const uint64_t stride = ((static_cast<uint64_t>(w) * bpp + 31) / 32) * 4;
+  if (dataOffset > fileSize || stride * h > fileSize - dataOffset) { error = "truncated BMP pixel data"; return false; }
   out.width = w;
   out.height = h;
   out.pixels.assign(static_cast<size_t>(w) * h, 0);

@@ -45,6 +45,8 @@ void OpenMusicDevice() {
     std::string why;
     if (!synth->Open(rate, DefaultSoundFonts(), why))
       std::fprintf(stderr, "vorrel: %s; the game runs without music\n", why.c_str());
+    else
+      std::fprintf(stderr, "vorrel: the music plays through %s\n", synth->SoundFont().c_str());
   });
 }
 
@@ -84,6 +86,9 @@ void SetMidiGain(double g) {
   gain = g;
   if (synth) synth->SetGain(g);
 }
+
+double MidiTempo() { return tempo; }
+double MidiGain() { return gain; }
 
 const std::string& MidiFileStarted() { return started; }
 int MidiFilePlays() { return startedPlays; }

@@ -24,6 +24,11 @@ void StopMidiFile();
 void SetMidiTempo(double factor);
 void SetMidiGain(double gain);
 
+// The tempo factor and gain last given, as they reach the synth (the silent
+// device keeps them too, so the tests can read what the music would do).
+double MidiTempo();
+double MidiGain();
+
 // The file last started and not stopped since ("" when none), and how many
 // plays it was given.
 const std::string& MidiFileStarted();

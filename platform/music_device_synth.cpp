@@ -7,8 +7,19 @@
 namespace platform {
 
 std::vector<std::string> DefaultSoundFonts() {
-  return {"/usr/share/sounds/sf2/FluidR3_GM.sf2", "/usr/share/sounds/sf2/TimGM6mb.sf2",
-          "/usr/share/sounds/sf2/default-GM.sf2"};
+  std::vector<std::string> fonts;
+  // FluidSynth's own default first: where the system or the player put it.
+  if (fluid_settings_t* settings = new_fluid_settings()) {
+    char* path = nullptr;
+    if (fluid_settings_dupstr(settings, "synth.default-soundfont", &path) == FLUID_OK && path && *path)
+      fonts.emplace_back(path);
+    fluid_free(path);
+    delete_fluid_settings(settings);
+  }
+  for (const char* fixed : {"/usr/share/sounds/sf2/FluidR3_GM.sf2", "/usr/share/sounds/sf2/TimGM6mb.sf2",
+                            "/usr/share/sounds/sf2/default-GM.sf2"})
+    if (std::find(fonts.begin(), fonts.end(), fixed) == fonts.end()) fonts.emplace_back(fixed);
+  return fonts;
 }
 
 MidiSynth::~MidiSynth() {
@@ -45,7 +56,9 @@ bool MidiSynth::Open(int sampleRate, const std::vector<std::string>& soundFonts,
   if (loaded.empty()) {
     delete_fluid_synth(synth);
     delete_fluid_settings(settings);
-    why = "no General MIDI soundfont (looked for " + soundFonts.front() + " and others)";
+    why = "no General MIDI soundfont (looked for";
+    for (const std::string& sf : soundFonts) why += " " + sf;
+    why += ")";
     return false;
   }
   std::lock_guard<std::mutex> g(lock_);

@@ -13,8 +13,8 @@ typedef struct _fluid_player_t fluid_player_t;
 
 namespace platform {
 
-// The soundfonts tried in turn: the full GM set, then the small one, then
-// whatever the system names as its default.
+// The soundfonts tried in turn: FluidSynth's own default soundfont setting,
+// then the full GM set, the small one and the system's default link.
 std::vector<std::string> DefaultSoundFonts();
 
 // Reads a standard MIDI file whole and checks its structure (header, track

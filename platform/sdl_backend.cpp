@@ -79,6 +79,12 @@ class SdlBackend final : public Backend {
 
   void PumpEvents() override { Drain(); }
 
+  void FramePresented() override {
+    Drain();  // what came before this frame belongs to it
+    keys_.FramePresented();
+    buttons_.FramePresented();
+  }
+
   void LeaveFullscreen() override {
     window_.SetFullscreen(false);
     UpdateCapture();
@@ -138,8 +144,7 @@ class SdlBackend final : public Backend {
     out.dy = mouseDy_;
     out.dz = mouseDz_;
     mouseDx_ = mouseDy_ = mouseDz_ = 0;
-    for (int i = 0; i < 4; ++i) out.buttons[i] = buttonHeld_[i] || buttonTapped_[i];
-    std::memset(buttonTapped_, 0, sizeof buttonTapped_);
+    buttons_.Read(out.buttons);
   }
 
   void SetMouseCaptured(bool captured) override {
@@ -202,11 +207,10 @@ class SdlBackend final : public Backend {
         break;
       case SDL_MOUSEBUTTONDOWN:
       case SDL_MOUSEBUTTONUP:
-        if (int i = ButtonIndex(e.button.button); i >= 0) {
-          bool down = e.type == SDL_MOUSEBUTTONDOWN;
-          buttonHeld_[i] = down;
-          if (down) buttonTapped_[i] = 1;
-        }
+        if (e.type == SDL_MOUSEBUTTONDOWN)
+          buttons_.Down(ButtonIndex(e.button.button));
+        else
+          buttons_.Up(ButtonIndex(e.button.button));
         break;
       case SDL_JOYDEVICEADDED: {
         // Taken into use at the game's next search for a pad.
@@ -235,7 +239,7 @@ class SdlBackend final : public Backend {
         // Releases made elsewhere never reach us: nothing may stay held.
         focused_ = false;
         keys_.ReleaseAll();
-        std::memset(buttonHeld_, 0, sizeof buttonHeld_);
+        buttons_.ReleaseAll();
         break;
       case SDL_WINDOWEVENT_EXPOSED:
       case SDL_WINDOWEVENT_SIZE_CHANGED:
@@ -274,6 +278,7 @@ class SdlBackend final : public Backend {
   bool windowed_;
   SdlWindow window_;
   KeyState keys_;
+  ButtonState buttons_;
   SdlPad pad_;
   Pacer pacer_;
   Uint64 start_ = 0;
@@ -281,7 +286,6 @@ class SdlBackend final : public Backend {
   bool videoOpen_ = false, inputOpen_ = false, padsOpen_ = false;
   bool focused_ = false, wantCapture_ = false, captured_ = false, captureWarned_ = false;
   int32_t mouseDx_ = 0, mouseDy_ = 0, mouseDz_ = 0;
-  uint8_t buttonHeld_[4] = {}, buttonTapped_[4] = {};
 };
 
 }  // namespace

@@ -153,9 +153,21 @@ void KeyState::ReleaseAll() {
   std::memset(held_, 0, sizeof held_);
   std::memset(windowOwned_, 0, sizeof windowOwned_);
   std::memset(shiftFor_, 0, sizeof shiftFor_);
+  std::memset(tapped_, 0, sizeof tapped_);
+  tapShift_ = 0;
+  lastDown_ = SDL_SCANCODE_UNKNOWN;
+}
+
+void KeyState::FramePresented() {
+  if (!readSinceFrame_) {
+    std::memset(tapped_, 0, sizeof tapped_);
+    tapShift_ = 0;
+  }
+  readSinceFrame_ = false;
 }
 
 void KeyState::Read(uint8_t state[256]) {
+  readSinceFrame_ = true;
   std::memcpy(state, tapped_, 256);
   std::memset(tapped_, 0, sizeof tapped_);
   uint8_t shift = tapShift_;
@@ -168,6 +180,31 @@ void KeyState::Read(uint8_t state[256]) {
   // A typed character brings the Shift state its glyph needs in the game's table.
   if (shift == 1) state[42] = state[54] = 0;
   if (shift == 2) state[42] = 1;
+}
+
+void ButtonState::Down(int i) {
+  if (i < 0 || i >= kButtons) return;
+  held_[i] = tapped_[i] = 1;
+}
+
+void ButtonState::Up(int i) {
+  if (i >= 0 && i < kButtons) held_[i] = 0;
+}
+
+void ButtonState::ReleaseAll() {
+  std::memset(held_, 0, sizeof held_);
+  std::memset(tapped_, 0, sizeof tapped_);
+}
+
+void ButtonState::Read(uint8_t buttons[kButtons]) {
+  readSinceFrame_ = true;
+  for (int i = 0; i < kButtons; ++i) buttons[i] = held_[i] || tapped_[i];
+  std::memset(tapped_, 0, sizeof tapped_);
+}
+
+void ButtonState::FramePresented() {
+  if (!readSinceFrame_) std::memset(tapped_, 0, sizeof tapped_);
+  readSinceFrame_ = false;
 }
 
 }  // namespace platform

@@ -13,14 +13,25 @@
 #include <cstdio>
 
 #include "core/errors.h"
+#include "platform/clock.h"
 
 namespace platform {
 namespace {
+
+// The slot's voice as the mixer is asked to play it; the silent mixer has
+// only this.
+struct Voice {
+  bool on = false;
+  uint32_t startTick = 0;
+  int loops = 0;  // as Mix_PlayChannel takes it: 0 plays once, -1 for ever
+};
 
 struct Slot {
   bool loaded = false;
   Mix_Chunk* chunk = nullptr;  // only with the real mixer
   uint32_t starts = 0;
+  uint32_t lengthMs = 0;
+  Voice voice;
 };
 
 std::array<Slot, kSoundSlots> slots;
@@ -29,6 +40,17 @@ bool mixerOpen = false;
 Slot& At(int slot) {
   if (slot < 0 || slot >= kSoundSlots) core::Fail("sound slot " + std::to_string(slot));
   return slots[static_cast<size_t>(slot)];
+}
+
+void Halt(int slot, Slot& s) {
+  s.voice.on = false;
+  if (s.chunk) Mix_HaltChannel(slot);
+}
+
+void PlayFromStart(int slot, Slot& s, int loops) {
+  s.voice = Voice{true, TickMs(), loops};
+  if (s.chunk && Mix_PlayChannel(slot, s.chunk, loops) < 0)
+    core::Fail(std::string("Mix_PlayChannel: ") + Mix_GetError());
 }
 
 // The sound libraries below SDL (ALSA above all) print their own complaints
@@ -118,7 +140,8 @@ void LoadSoundSlot(int slot, const std::string& path) {
   // Both mixers check the file the same way, so headless and windowed runs
   // accept and refuse the same files.
   std::string why;
-  if (!CheckWaveFile(path, why)) core::Fail(path + ": " + why);
+  uint32_t lengthMs = 0;
+  if (!CheckWaveFile(path, why, &lengthMs)) core::Fail(path + ": " + why);
   Mix_Chunk* chunk = nullptr;
   if (mixerOpen) {
     chunk = Mix_LoadWAV(path.c_str());
@@ -128,7 +151,7 @@ void LoadSoundSlot(int slot, const std::string& path) {
     Mix_HaltChannel(slot);
     Mix_FreeChunk(s.chunk);
   }
-  s = Slot{true, chunk, 0};
+  s = Slot{true, chunk, 0, lengthMs, Voice{}};
 }
 
 bool SoundSlotLoaded(int slot) { return At(slot).loaded; }
@@ -143,17 +166,27 @@ void PlaySoundSlot(int slot) {
   Slot& s = At(slot);
   if (!s.loaded) return;
   ++s.starts;
-  if (!s.chunk) return;
-  Mix_HaltChannel(slot);
-  if (Mix_PlayChannel(slot, s.chunk, 0) < 0) core::Fail(std::string("Mix_PlayChannel: ") + Mix_GetError());
+  // One voice a slot: the playing one stops and the sound starts over, once.
+  Halt(slot, s);
+  PlayFromStart(slot, s, 0);
 }
 
 void StopSoundSlot(int slot) {
   Slot& s = At(slot);
   // A halted chunk restarts from its beginning: that is the rewind.
-  if (s.chunk) Mix_HaltChannel(slot);
+  Halt(slot, s);
 }
 
 uint32_t SoundSlotStarts(int slot) { return At(slot).starts; }
+
+SlotVoice SoundSlotVoice(int slot) {
+  const Slot& s = At(slot);
+  if (!s.voice.on || s.lengthMs == 0) return {};
+  const uint32_t elapsed = TickMs() - s.voice.startTick;
+  if (s.voice.loops < 0) return {true, elapsed % s.lengthMs};
+  const uint64_t total = uint64_t{s.lengthMs} * (static_cast<uint64_t>(s.voice.loops) + 1);
+  if (elapsed >= total) return {};
+  return {true, elapsed % s.lengthMs};
+}
 
 }  // namespace platform

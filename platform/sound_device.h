@@ -29,9 +29,18 @@ void PlaySoundSlot(int slot);
 void StopSoundSlot(int slot);
 // How many times a slot was started since it was loaded (both mixers).
 uint32_t SoundSlotStarts(int slot);
+// A slot's one voice by the game clock, as both mixers play it: a replay
+// restarts it from the beginning, it plays once and then falls silent, a
+// stop silences it. atMs: how far into the sound it is.
+struct SlotVoice {
+  bool playing = false;
+  uint32_t atMs = 0;
+};
+SlotVoice SoundSlotVoice(int slot);
 
 // A WAV file's structure: RIFF/WAVE, a usable fmt chunk, a data chunk.
 // False with the reason when the file is missing or not such a file.
-bool CheckWaveFile(const std::string& path, std::string& why);
+// lengthMs, when given, receives the sound's length.
+bool CheckWaveFile(const std::string& path, std::string& why, uint32_t* lengthMs = nullptr);
 
 }  // namespace platform

@@ -135,4 +135,45 @@ TEST_F(Music, VolumeFromTheSettingsStore) {
   EXPECT_EQ(volumeWith(std::string("\xff\xfe\x00[", 4)), 500);
 }
 
+TEST_F(Music, TempoAndGainReachTheSynth) {
+  int16_t theme = 40;
+  audio::PlayMusic(theme, true);
+  audio::SetMusicTempo(125);
+  EXPECT_DOUBLE_EQ(platform::MidiTempo(), 1.25) << "the danger zone plays 25 % faster";
+  audio::SetMusicTempo(100);
+  EXPECT_DOUBLE_EQ(platform::MidiTempo(), 1.0);
+
+  // The stored volume in hundredths of a decibel, relative to 0 dB.
+  auto store = dir / "home" / "settings.ini";
+  auto gainAt = [&](int volume) {
+    std::filesystem::create_directories(store.parent_path());
+    std::ofstream(store, std::ios::binary) << "[Settings]\nMusicVolume=" << volume << "\n";
+    audio::InitAudio();
+    return platform::MidiGain();
+  };
+  const double g0 = gainAt(0), g500 = gainAt(500), gm600 = gainAt(-600);
+  ASSERT_GT(g0, 0.0);
+  EXPECT_NEAR(g500 / g0, 1.7782794, 1e-6) << "+5 dB";
+  EXPECT_NEAR(gm600 / g0, 0.5011872, 1e-6) << "-6 dB";
+}
+
+TEST(TrackTable, FixedTitlesEmptySlotsAndMenuOrder) {
+  audio::FillTrackTable();
+  const auto& t = audio::TrackTitles;
+  EXPECT_EQ(t[0], "** Random Music **");
+  EXPECT_EQ(t[35], "TypeBWin");
+  EXPECT_EQ(t[36], "Works");
+  EXPECT_EQ(t[38], "Intro");
+  EXPECT_EQ(t[39], "Over");
+  for (int i : {34, 37, 40}) EXPECT_FALSE(t[i].empty()) << "special piece " << i;
+  for (int i = 31; i <= 50; ++i) {
+    if (i < 34 || i > 40) {
+      EXPECT_EQ(t[i], "") << i;
+    }
+  }
+  // The menu's choices: 30 titles in alphabetical order, none twice.
+  for (int i = 1; i <= 30; ++i) EXPECT_FALSE(t[i].empty()) << i;
+  for (int i = 1; i < 30; ++i) EXPECT_LT(t[i], t[i + 1]) << i;
+}
+
 }  // namespace

@@ -3,6 +3,8 @@
 #include "audio/sound_effects.h"
 #include "audio_test_files.h"
 #include "core/errors.h"
+#include "core/hooks.h"
+#include "platform/clock.h"
 #include "platform/paths.h"
 #include "core/settings.h"
 #include "platform/sound_device.h"
@@ -107,6 +109,57 @@ TEST_F(SoundEffects, MissingOrBrokenWaveFileFailsNamingIt) {
   WriteBytes(dir / "sounds" / "move.wav", withList);
   EXPECT_NO_THROW(audio::LoadSoundBuffer(2, "\\sounds\\move.wav"));
   EXPECT_EQ(platform::SoundSlotsLoaded(), 1);
+}
+
+TEST_F(SoundEffects, ASlotRestartsFromTheStartAndPlaysOnce) {
+  // 2205 samples at 22050 Hz: 100 ms.
+  WriteBytes(dir / "sounds" / audio::SoundFileName(3), WaveBytes(2205));
+  audio::LoadSoundBuffer(3, "\\sounds\\" + audio::SoundFileName(3));
+  Load(4);
+  auto at = [](int slot) { return platform::SoundSlotVoice(slot); };
+  auto wait = [](uint32_t ms) { platform::AdvanceClock(ms * platform::kUnitsPerPass); };
+  EXPECT_FALSE(at(3).playing);
+  audio::PlaySoundEffect(3);
+  wait(40);
+  EXPECT_TRUE(at(3).playing);
+  EXPECT_EQ(at(3).atMs, 40u);
+  audio::PlaySoundEffect(3);
+  EXPECT_TRUE(at(3).playing);
+  EXPECT_EQ(at(3).atMs, 0u) << "a replay starts over: one voice, not a second one";
+  audio::PlaySoundEffect(4);
+  EXPECT_TRUE(at(4).playing) << "other slots mix";
+  EXPECT_EQ(at(3).atMs, 0u) << "and leave this one alone";
+  wait(99);
+  EXPECT_EQ(at(3).atMs, 99u);
+  wait(1);
+  EXPECT_FALSE(at(3).playing) << "it plays once, then falls silent";
+  wait(1000);
+  EXPECT_FALSE(at(3).playing);
+  audio::PlaySoundEffect(3);
+  wait(10);
+  audio::StopSoundEffect(3);
+  EXPECT_FALSE(at(3).playing) << "a stop silences it";
+  core::Settings.SoundOn = 0;
+  audio::PlaySoundEffect(3);
+  EXPECT_FALSE(at(3).playing) << "switched off: not started";
+}
+
+TEST_F(SoundEffects, TheLogSaysPlayedOrSilencedByASwitch) {
+  std::vector<std::pair<int, bool>> log;
+  auto saved = core::Hooks.Sound;
+  core::Hooks.Sound = [&](int index, bool played) { log.emplace_back(index, played); };
+  Load(3);
+  Load(101);
+  audio::PlaySoundEffect(3);
+  audio::PlaySoundEffect(6);    // an empty slot, its switch on: nothing asked of the mixer
+  audio::PlaySoundEffect(200);  // likewise a voice
+  core::Settings.SoundOn = 0;
+  core::Settings.VoiceOn = 0;
+  audio::PlaySoundEffect(3);
+  audio::PlaySoundEffect(101);
+  audio::PlaySoundEffect(6);
+  core::Hooks.Sound = saved;
+  EXPECT_EQ(log, (std::vector<std::pair<int, bool>>{{3, true}, {3, false}, {101, false}}));
 }
 
 }  // namespace

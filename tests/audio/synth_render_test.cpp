@@ -2,6 +2,9 @@
 // set-up the game hooks into the mixer, without any audio device.
 #include <gtest/gtest.h>
 
+#include <fluidsynth.h>
+
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 
@@ -141,3 +144,22 @@ TEST_F(SynthRender, RepeatedPieceComesRoundThenStopsAndStopIsImmediate) {
 }
 
 }  // namespace
+
+TEST(SoundFonts, FluidSynthsOwnDefaultComesFirst) {
+  fluid_settings_t* settings = new_fluid_settings();
+  ASSERT_NE(settings, nullptr);
+  char* own = nullptr;
+  std::string expected;
+  if (fluid_settings_dupstr(settings, "synth.default-soundfont", &own) == FLUID_OK && own) expected = own;
+  fluid_free(own);
+  delete_fluid_settings(settings);
+
+  const std::vector<std::string> fonts = platform::DefaultSoundFonts();
+  ASSERT_FALSE(fonts.empty());
+  if (!expected.empty()) {
+    EXPECT_EQ(fonts.front(), expected);
+  }
+  for (const char* fixed : {"/usr/share/sounds/sf2/FluidR3_GM.sf2", "/usr/share/sounds/sf2/TimGM6mb.sf2",
+                            "/usr/share/sounds/sf2/default-GM.sf2"})
+    EXPECT_EQ(std::count(fonts.begin(), fonts.end(), fixed), 1) << fixed << " tried once";
+}

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "core/key_names.h"
 #include "automation/automation.h"
 #include "automation/script.h"
@@ -140,6 +142,17 @@ TEST(ScriptParser, BadLinesNameTheirFileAndLine) {
             "t.vs:1: the home files are VSys/hs.inf, VSys/maindata.inf and settings.ini, not \"../../etc/passwd\"");
   EXPECT_EQ(ErrorOf("0 file put settings.ini /no/such/file\n"), "t.vs:1: no file to copy at \"/no/such/file\"");
   EXPECT_EQ(ErrorOf("0 dump\n"), "t.vs:1: missing the dump's file name");
+
+  // A script file that cannot be read, a folder included, is bad usage.
+  const std::string folder = std::filesystem::temp_directory_path().string();
+  for (const std::string& path : {folder, folder + "/no-such-script.vs"}) {
+    try {
+      automation::ReadScriptFile(path);
+      ADD_FAILURE() << path << " read as a script";
+    } catch (const core::UsageError& e) {
+      EXPECT_NE(std::string(e.what()).find(path), std::string::npos) << e.what();
+    }
+  }
 }
 
 TEST(ScriptParser, KeyNamesRoundTrip) {

@@ -29,6 +29,7 @@ class Catalogue : public ::testing::Test {
     std::string failed;
     ASSERT_TRUE(InitDisplay(failed));
     CreateBlankSurface(Display.Backdrop, 800, 600);
+    Display.ScreenRect = {0, 0, 800, 600};  // as GameMain sets it
     audio::OpenAudioDevices(true);
     Text.GlyphOrder = MakeGlyphOrder();
     framesBefore = display::FramesPresented();

@@ -2,6 +2,8 @@
 // catch-all with a table fault, the loading bar.
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "display/surface.h"
 #include "automation/automation.h"
 #include "frame/catalogue.h"
@@ -12,6 +14,7 @@
 #include "core/table.h"
 #include "platform/backend.h"
 #include "platform/clock.h"
+#include "tests/support/fake_backend.h"
 
 using namespace display;
 
@@ -27,6 +30,7 @@ class FrameInProcess : public ::testing::Test {
     std::string failed;
     ASSERT_TRUE(InitDisplay(failed)) << failed;
     CreateBlankSurface(Display.Backdrop, 800, 600, 0);
+    Display.ScreenRect = {0, 0, 800, 600};  // as GameMain sets it
   }
 };
 
@@ -47,6 +51,17 @@ TEST_F(FrameInProcess, PresentModesAndTheFrontSurface) {
   PresentFrame(6);
   EXPECT_EQ(Display.BackBuffer.Row(10)[10], 5) << "mode n fills with n - 1";
 
+  // Mode 0 copies ScreenRect of the backdrop onto ScreenRect of the back
+  // buffer; outside it the back buffer keeps the picture it swapped in.
+  Display.ScreenRect = {100, 50, 300, 200};
+  FillSurface(Display.PrimarySurface, Display.WholeRect, 4321);
+  PresentFrame(0);
+  EXPECT_EQ(Display.BackBuffer.Row(50)[100], 1234);
+  EXPECT_EQ(Display.BackBuffer.Row(199)[299], 1234);
+  for (auto [x, y] : {std::pair{100, 49}, {99, 50}, {299, 200}, {300, 199}, {0, 0}, {799, 599}})
+    EXPECT_EQ(Display.BackBuffer.Row(y)[x], 4321) << x << "," << y;
+  Display.ScreenRect = {0, 0, 800, 600};
+
   // Drawing on the picture on screen shows without a frame.
   SetForeColour(Display.PrimarySurface, 0, 255, 0);
   SetFillColour(Display.PrimarySurface, 0, 255, 0);
@@ -55,8 +70,8 @@ TEST_F(FrameInProcess, PresentModesAndTheFrontSurface) {
   EXPECT_EQ(Display.PrimarySurface.Row(15)[15], Rgb565(0, 255, 0));
   display::IdlePass();
   EXPECT_FALSE(Display.FrontDirty) << "the next idle pass shows it";
-  EXPECT_EQ(display::FramesPresented(), frames + 3) << "and presents nothing";
-  EXPECT_EQ(platform::ClockUnits(), units + 3000 + 60);
+  EXPECT_EQ(display::FramesPresented(), frames + 4) << "and presents nothing";
+  EXPECT_EQ(platform::ClockUnits(), units + 4000 + 60);
 
   const uint32_t t = display::GetTick();
   display::WaitMs(50);
@@ -90,3 +105,25 @@ TEST_F(FrameInProcess, LoadingBarSteps) {
   EXPECT_EQ(shown.Row(329)[798], Rgb565(0, 50, 0)) << "the slanted end reaches past 798 only at later steps";
   EXPECT_EQ(shown.Row(330)[400], 0);
 }
+
+TEST(FramePresenting, TheBackEndHearsOfEveryPresentedFrameOnly) {
+  // The devices drop presses nobody read at each presented frame, so the
+  // back end must hear of those frames and not of the idle passes.
+  auto backend = std::make_unique<testsupport::FakeBackend>();
+  auto counts = backend->counts;
+  platform::SetCurrent(std::move(backend));
+  automation::Options none;
+  automation::Configure(none);
+  std::string failed;
+  ASSERT_TRUE(InitDisplay(failed)) << failed;
+  CreateBlankSurface(Display.Backdrop, 800, 600, 0);
+  Display.ScreenRect = {0, 0, 800, 600};
+  PresentFrame(0);
+  PresentFrame(1);
+  Display.FrontDirty = true;
+  display::IdlePass();
+  display::WaitMs(3);
+  EXPECT_EQ(counts->framesPresented, 2);
+  EXPECT_EQ(counts->pictures, 3) << "the idle pass showed the drawn-on picture";
+}
+

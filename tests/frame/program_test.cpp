@@ -4,6 +4,8 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <string>
+#include <vector>
 
 #include "tests/support/run_game.h"
 
@@ -47,6 +49,16 @@ TEST(ProgramFrame, MissingBitmapEndsInTheCatchAll) {
   EXPECT_NE(run.stderrText.find("bombs.bmp"), std::string::npos) << "the failing file is named";
   EXPECT_NE(run.dumpText.find("Unexpected Error!!!"), std::string::npos) << "the dump logs the message";
 
+  // A damaged header is as unreadable as a missing file.
+  std::string bytes = ReadFile(TestData() + "/graphics/bombs.bmp");
+  bytes.replace(14, 4, "\xF5\xFF\xFF\xFF");
+  WriteFile(data + "/graphics/bombs.bmp", bytes);
+  run = RunGame(dir, "", {}, data);
+  EXPECT_EQ(run.status, 1);
+  EXPECT_NE(run.stderrText.find("message box: Unexpected Error!!!"), std::string::npos) << run.stderrText;
+  EXPECT_NE(run.stderrText.find("bombs.bmp"), std::string::npos) << run.stderrText;
+
+  fs::remove(data + "/graphics/bombs.bmp");
   fs::remove(data + "/sounds/flip.wav");
   fs::copy_file(TestData() + "/graphics/bombs.bmp", data + "/graphics/bombs.bmp");
   run = RunGame(dir, "", {}, data);
@@ -66,4 +78,20 @@ TEST(ProgramFrame, BadUsage) {
   run = RunGame(dir, "# fine\n10 key down Nowhere\n");
   EXPECT_EQ(run.status, 2);
   EXPECT_NE(run.stderrText.find(":2"), std::string::npos) << "the bad line's number: " << run.stderrText;
+
+  // A script that is a folder, and outputs into a folder that does not
+  // exist: bad usage naming the path, and no folder made for them.
+  fs::create_directories(dir + "/scripts");
+  for (const std::vector<std::string>& args : std::vector<std::vector<std::string>>{
+           {"--script", dir + "/scripts"},
+           {"--record", dir + "/none/deeper/r.vs"},
+           {"--dump", dir + "/none/deeper/d.json"},
+           {"--record", dir + "/scripts"},
+       }) {
+    run = RunGame(dir, "", args);
+    EXPECT_EQ(run.status, 2) << args[0];
+    EXPECT_NE(run.stderrText.find(args[1]), std::string::npos) << run.stderrText;
+    EXPECT_EQ(run.stderrText.find("message box"), std::string::npos) << "before any frame: " << run.stderrText;
+  }
+  EXPECT_FALSE(fs::exists(dir + "/none"));
 }

@@ -10,6 +10,8 @@
 #include "input/input_devices.h"
 #include "platform/backend.h"
 #include "platform/scripted_input.h"
+#include "core/errors.h"
+#include "tests/support/fake_backend.h"
 #include "tests/support/run_game.h"
 
 using namespace input;
@@ -17,8 +19,8 @@ using namespace input;
 namespace {
 
 // Runs ControlCheck once with the pad in use, under the given script.
-void PlayOnePassUnder(const std::string& script) {
-  platform::SetCurrent(platform::MakeHeadlessBackend());
+void PlayOnePassUnder(const std::string& script, std::unique_ptr<platform::Backend> backend = nullptr) {
+  platform::SetCurrent(backend ? std::move(backend) : platform::MakeHeadlessBackend());
   platform::scripted::Reset();
   std::string dir = testsupport::ScratchDir("pad");
   testsupport::WriteFile(dir + "/s.vs", script);
@@ -85,4 +87,27 @@ TEST(ControllerLost, F1WithoutThePadFails) {
       "+1p key up Escape\n");
   EXPECT_EQ(Input.JoystickOff, -1);
   EXPECT_TRUE(TextColourNear(250, 380, display::Rgb565(255, 0, 0))) << "Connection Failed!";
+}
+
+TEST(ControllerLost, AListedButUnreadablePadNeverStacksScreens) {
+  // Held F1 tries once; a second press tries again; each failed read after a
+  // reconnection is shown in the one screen, which one Escape leaves.
+  auto backend = std::make_unique<testsupport::FakeBackend>();
+  auto pad = backend->pad;
+  auto counts = backend->counts;
+  *pad = {true, true, false};
+  std::string script = "0 mark\n+1p key down F1\n";
+  script += "+40p key up F1\n+1p key down F1\n+1p key up F1\n";
+  script += "+1p key down Escape\n+1p key up Escape\n+20p quit\n";
+  const int searchesBefore = 1;  // the set-up's own InitJoystick
+  try {
+    PlayOnePassUnder(script, std::move(backend));
+  } catch (const core::OrderlyQuit&) {
+    ADD_FAILURE() << "one Escape did not leave the controller-lost screen";
+  }
+  EXPECT_EQ(counts->padSearches - searchesBefore, 2) << "one attempt per press of F1";
+  EXPECT_EQ(Input.JoystickOff, -1);
+  EXPECT_STREQ(core::CurrentScreen(), "play");
+  EXPECT_TRUE(TextColourNear(250, 380, display::Rgb565(255, 0, 0))) << "Connection Failed! after the lost read";
+  EXPECT_FALSE(TextColourNear(250, 380, display::Rgb565(255, 255, 0))) << "no stale Connection Established!";
 }

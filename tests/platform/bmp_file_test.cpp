@@ -91,6 +91,50 @@ TEST(BmpFile, DamagedFilesAreRefused) {
   std::vector<uint8_t> rle = good;
   Put32(rle, 30, 1);
   EXPECT_FALSE(bmp::Decode(rle.data(), rle.size(), out, error));
+  // Header fields that would wrap 32-bit arithmetic, and pixel data that
+  // starts inside the headers: refused, never read as pixels.
+  std::vector<uint8_t> wrapHeader = good;
+  Put32(wrapHeader, 14, 0xFFFFFFF5u);
+  EXPECT_FALSE(bmp::Decode(wrapHeader.data(), wrapHeader.size(), out, error));
+  for (uint32_t offset : {0u, 14u, 53u, 0xFFFFFFFFu, 0xFFFFFFF0u}) {
+    std::vector<uint8_t> b = good;
+    Put32(b, 10, offset);
+    EXPECT_FALSE(bmp::Decode(b.data(), b.size(), out, error)) << "pixel data at " << offset;
+  }
+  // An 8-bit file of 2 x 1: 54 bytes of headers, 4 colours, 4 bytes of pixels.
+  std::vector<uint8_t> paletted(54 + 16 + 4, 0);
+  std::copy(good.begin(), good.begin() + 54, paletted.begin());
+  Put32(paletted, 10, 70);
+  Put32(paletted, 18, 2);
+  Put32(paletted, 22, 1);
+  paletted[28] = 8;
+  Put32(paletted, 46, 4);
+  paletted[54 + 4 * 3 + 2] = 0xFF;  // colour 3 is red
+  paletted[70] = 3;
+  ASSERT_TRUE(bmp::Decode(paletted.data(), paletted.size(), out, error)) << error;
+  EXPECT_EQ(out.at(0, 0), bmp::Pack565(255, 0, 0));
+  EXPECT_EQ(out.at(1, 0), 0);
+  Put32(paletted, 10, 66);  // the pixels would start inside the palette
+  EXPECT_FALSE(bmp::Decode(paletted.data(), paletted.size(), out, error));
+  Put32(paletted, 10, 70);
+  Put32(paletted, 46, 0x40000000u);  // 4 x that colour count wraps to 0
+  EXPECT_FALSE(bmp::Decode(paletted.data(), paletted.size(), out, error));
+  // A 16-bit bitfields file keeps its masks after a 40-byte header.
+  bmp::Image565 one;
+  one.width = one.height = 1;
+  one.pixels = {0xF81F};
+  std::string path = (std::filesystem::temp_directory_path() / "vorrel-bmp-masks.bmp").string();
+  ASSERT_TRUE(bmp::Write565(path, one, error)) << error;
+  std::vector<uint8_t> masked(std::filesystem::file_size(path));
+  FILE* f = std::fopen(path.c_str(), "rb");
+  ASSERT_EQ(std::fread(masked.data(), 1, masked.size(), f), masked.size());
+  std::fclose(f);
+  std::filesystem::remove(path);
+  ASSERT_TRUE(bmp::Decode(masked.data(), masked.size(), out, error)) << error;
+  EXPECT_EQ(out.at(0, 0), 0xF81F);
+  Put32(masked, 10, 60);  // the pixels would start on the masks
+  EXPECT_FALSE(bmp::Decode(masked.data(), masked.size(), out, error));
+
   const char* text = "not a bitmap at all, just words";
   EXPECT_FALSE(bmp::Decode(reinterpret_cast<const uint8_t*>(text), 32, out, error));
   EXPECT_FALSE(bmp::Read("/nonexistent/x.bmp", out, error));

@@ -151,5 +151,82 @@ TEST(SdlKeys, StateHidesWindowKeysAndKeepsTaps) {
   EXPECT_TRUE(Down(keys).empty());
 }
 
+TEST(SdlKeys, APressNothingReadIsDroppedAtTheNextFrame) {
+  KeyState keys;
+  // A tap between a read and the frame after it waits for the next read.
+  Down(keys);
+  keys.KeyDown(SDL_SCANCODE_ESCAPE, SDLK_ESCAPE, false, false);
+  keys.KeyUp(SDL_SCANCODE_ESCAPE);
+  keys.FramePresented();
+  EXPECT_EQ(Down(keys), std::vector<int>{1});
+  keys.FramePresented();
+
+  // Frames in which nothing reads the keyboard (the menu): a tap is dropped
+  // at the next one, with the Shift a typed character brought along.
+  keys.KeyDown(SDL_SCANCODE_F10, SDLK_F10, false, false);
+  keys.KeyUp(SDL_SCANCODE_F10);
+  keys.KeyDown(SDL_SCANCODE_SLASH, SDLK_SLASH, false, false);
+  keys.TextTyped("?");
+  keys.KeyUp(SDL_SCANCODE_SLASH);
+  keys.FramePresented();
+  EXPECT_TRUE(Down(keys).empty()) << "F10 and ? tapped in the menu reach nobody";
+
+  // A key still held counts however many frames went by unread.
+  keys.FramePresented();
+  keys.KeyDown(SDL_SCANCODE_LEFT, SDLK_LEFT, false, false);
+  keys.FramePresented();
+  keys.FramePresented();
+  EXPECT_EQ(Down(keys), std::vector<int>{203});
+  keys.FramePresented();
+  keys.FramePresented();
+  keys.KeyUp(SDL_SCANCODE_LEFT);
+  keys.FramePresented();
+  EXPECT_TRUE(Down(keys).empty()) << "released unread: gone";
+
+  // Focus lost: taps go with the held keys.
+  keys.KeyDown(SDL_SCANCODE_UP, SDLK_UP, false, false);
+  keys.KeyUp(SDL_SCANCODE_UP);
+  keys.ReleaseAll();
+  EXPECT_TRUE(Down(keys).empty());
+}
+
+TEST(SdlKeys, MouseButtonsFollowTheSameRule) {
+  ButtonState buttons;
+  auto read = [&] {
+    uint8_t b[ButtonState::kButtons];
+    buttons.Read(b);
+    return std::vector<int>(b, b + ButtonState::kButtons);
+  };
+  // A click between two reads is seen once.
+  buttons.Down(0);
+  buttons.Up(0);
+  EXPECT_EQ(read(), (std::vector<int>{1, 0, 0, 0}));
+  EXPECT_EQ(read(), (std::vector<int>{0, 0, 0, 0}));
+  // After a frame with a read, it waits for the next read.
+  buttons.Down(1);
+  buttons.Up(1);
+  buttons.FramePresented();
+  EXPECT_EQ(read(), (std::vector<int>{0, 1, 0, 0}));
+  buttons.FramePresented();
+  // A click while nothing reads the mouse (the introduction) is dropped.
+  buttons.Down(0);
+  buttons.Up(0);
+  buttons.FramePresented();
+  EXPECT_EQ(read(), (std::vector<int>{0, 0, 0, 0}));
+  // Held: counts across unread frames; focus loss releases it and its click.
+  buttons.FramePresented();
+  buttons.Down(2);
+  buttons.FramePresented();
+  buttons.FramePresented();
+  EXPECT_EQ(read(), (std::vector<int>{0, 0, 1, 0}));
+  buttons.Down(0);
+  buttons.Up(0);
+  buttons.ReleaseAll();
+  EXPECT_EQ(read(), (std::vector<int>{0, 0, 0, 0}));
+  buttons.Down(-1);
+  buttons.Down(ButtonState::kButtons);
+  EXPECT_EQ(read(), (std::vector<int>{0, 0, 0, 0})) << "buttons the game has no use for";
+}
+
 }  // namespace
 }  // namespace platform
