@@ -35,11 +35,12 @@ void PaintBombBlack() { PaintField(Game.BombX, Game.BombY, Game.BombX + 40, Game
 
 // The one place where the effect of a landed or flipped bonus piece runs,
 // after its 100 points: kind 12 BombLand; 13 ColumnClear, or ColumnFill when
-// flipped; 14 SingleClear, or SingleFall when flipped; 15 Earthquake. The
-// effects arrive with the bonus pieces; until then a bonus piece scores only.
-void RunBonusEffect() {
+// flipped; 14 SingleClear, or SingleFall when flipped; 15 Earthquake.
+void PayBonusPiece() {
   if (Game.PieceKind < 12 || Game.PieceKind > 15) return;
   Game.Score += 100;
+  // Bonus effect: bonus::RunBonusEffect() is called here once the bonus
+  // pieces are wired in; until then a bonus piece only scores.
 }
 
 // Full rows from the bottom up. In Type C the bomb counts as four filled
@@ -188,7 +189,7 @@ void AnnounceLevelUp() {
 }  // namespace
 
 void CheckLine() {
-  RunBonusEffect();
+  PayBonusPiece();
   ScanRows();
   const int n = Game.FullRowCount;
   if (n == 0) return;
