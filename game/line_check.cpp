@@ -7,6 +7,7 @@
 #include <string>
 
 #include "audio/sound_effects.h"
+#include "bonus/effects.h"
 #include "core/random.h"
 #include "core/settings.h"
 #include "display/assets.h"
@@ -39,8 +40,7 @@ void PaintBombBlack() { PaintField(Game.BombX, Game.BombY, Game.BombX + 40, Game
 void PayBonusPiece() {
   if (Game.PieceKind < 12 || Game.PieceKind > 15) return;
   Game.Score += 100;
-  // Bonus effect: bonus::RunBonusEffect() is called here once the bonus
-  // pieces are wired in; until then a bonus piece only scores.
+  bonus::RunBonusEffect();
 }
 
 // Full rows from the bottom up. In Type C the bomb counts as four filled
