@@ -143,6 +143,7 @@ void Configure(const automation::Options& options) {
   e.seed = options.seed;
   platform::scripted::Reset();
   platform::SetDeviceObserver(nullptr);
+  if (options.game) e.request = *options.game;
   if (!options.scriptPath.empty()) e.lines = ReadScriptFile(options.scriptPath);
   e.ranEarly.assign(e.lines.size(), false);
   if (!options.recordPath.empty()) {
