@@ -4,6 +4,7 @@
 
 #include "audio/music.h"
 #include "audio/sound_effects.h"
+#include "bonus/bonus_state.h"
 #include "core/random.h"
 #include "core/run_state.h"
 #include "core/settings.h"
@@ -144,7 +145,7 @@ void Land() {
   CheckLine();
   FreshCurrent();
   Controls.LatchDown = true;
-  // The bonus sparks' counters (SparkNext, SparkCount) restart here once they exist.
+  bonus::ResetSparks();
   g.PiecesSinceBar = static_cast<int16_t>(g.PiecesSinceBar + 1);
   Announce();
   for (int i = 0; i <= 4; ++i) {

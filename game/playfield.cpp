@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <string>
 
+#include "bonus/sparks.h"
 #include "core/random.h"
 #include "core/settings.h"
 #include "display/assets.h"
@@ -184,8 +185,7 @@ void DrawPiece() {
   const GameState& g = Game;
   display::BltKeyed(display::Display.BackBuffer, g.PieceX + kFieldLeft, g.PieceY + kFieldTop, 80, 80,
                     Assets.PieceSprites[g.PieceKind][g.PieceRot][g.PieceFuse], 0, 0, 80, 80);
-  // The bonus pieces' sparks (Bomb, ColumnClear, LineClear) are drawn here
-  // once the bonus effects exist.
+  bonus::PieceSparks();
 }
 
 }  // namespace game

@@ -2,6 +2,7 @@
 // tiles, the start-height garbage, the first piece, then the variant's loop.
 #include <cmath>
 
+#include "bonus/bonus_state.h"
 #include "core/hooks.h"
 #include "core/random.h"
 #include "core/settings.h"
@@ -31,7 +32,7 @@ void ResetGame() {
   input::Controls.MouseAccumX = 0;
   g.BonusAnimA = g.BonusAnimB = 0;
   g.GarbageCounter = 1;
-  // The bonus sparks' SparkNext restarts here once the bonus effects exist.
+  bonus::Bonus.SparkNext = 0;
   g.SoftDropPoints = 0;
   if (s.GameVariant < 2 && s.PlayType == 2) s.StartHeight = 0;
   input::Controls.PauseRequest = 0;
