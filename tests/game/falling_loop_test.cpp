@@ -217,3 +217,18 @@ TEST(GameSetUp, StartHeightGivesItsGarbageRows) {
     if (!height) EXPECT_TRUE(SoundFrames(d, 0).size() == 1u) << "only the preparation's sound, no blast";
   }
 }
+
+TEST(GameStart, GameLineAndOptionStartAGameButNotWickory) {
+  PlayRun option = Play("option", "@play mark\n+0p dump DIR/d.json\n+0 quit\n", {"--game", "classic", "b", "4", "0", "0"});
+  const std::string d = option.Dump("d.json");
+  EXPECT_EQ(Number(d, "GameVariant"), 0);
+  EXPECT_EQ(Number(d, "PlayType"), 1);
+  EXPECT_EQ(Number(d, "Level"), 4);
+  EXPECT_EQ(Number(d, "Lines"), 30) << "Type B starts with 30 to go";
+  EXPECT_EQ(Number(d, "KindCount"), 7);
+
+  const std::string dir = testsupport::ScratchDir("wickory");
+  testsupport::GameRun refused = testsupport::RunGame(dir, "0 game wickory a 0 0 0\n");
+  EXPECT_EQ(refused.status, 2);
+  EXPECT_NE(refused.stderrText.find("not playable yet"), std::string::npos) << refused.stderrText;
+}
