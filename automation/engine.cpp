@@ -144,6 +144,7 @@ void Configure(const automation::Options& options) {
   platform::scripted::Reset();
   platform::SetDeviceObserver(nullptr);
   if (!options.dumpPath.empty()) CheckOutputFolder(options.dumpPath, "--dump");
+  if (options.game) e.request = *options.game;
   if (!options.scriptPath.empty()) e.lines = ReadScriptFile(options.scriptPath);
   e.ranEarly.assign(e.lines.size(), false);
   if (!options.recordPath.empty()) {

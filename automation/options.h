@@ -4,6 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "core/hooks.h"
+
 namespace automation {
 
 struct Options {
@@ -17,6 +19,7 @@ struct Options {
   std::optional<uint64_t> maxTicks;
   std::string dumpPath;
   std::string recordPath;
+  std::optional<core::GameRequest> game;  // --game: as a script line `0 game ...`
 };
 
 }  // namespace automation

@@ -5,19 +5,26 @@
 namespace display {
 
 namespace {
-uint16_t& PixelAt(Surface& s, double xd, double yd, const char* call) {
+// The pixel under (x, y), or null outside the surface.
+uint16_t* PixelAt(Surface& s, double xd, double yd) {
   int32_t x = RoundHalfEven(xd), y = RoundHalfEven(yd);
   Display.SrcRect = {x, y, x, y};
-  if (!s.Exists() || x < 0 || y < 0 || x >= s.Width || y >= s.Height)
-    core::Fail(std::string(call) + " outside the surface at (" + std::to_string(x) + ", " + std::to_string(y) + ")");
-  return s.Row(y)[x];
+  if (!s.Exists() || x < 0 || y < 0 || x >= s.Width || y >= s.Height) return nullptr;
+  return &s.Row(y)[x];
 }
 }  // namespace
 
-void ReadPixel(Surface& s, double x, double y) { Display.PixelValue = PixelAt(s, x, y, "ReadPixel"); }
+// Probes beside or above the field are routine (a piece at the wall, a cell
+// above the top row): outside a surface a read gives 0 and a write does nothing.
+void ReadPixel(Surface& s, double x, double y) {
+  const uint16_t* p = PixelAt(s, x, y);
+  Display.PixelValue = p ? *p : 0;
+}
 
 void WritePixel(Surface& s, double x, double y) {
-  PixelAt(s, x, y, "WritePixel") = kBurntMarker;
+  uint16_t* p = PixelAt(s, x, y);
+  if (!p) return;
+  *p = kBurntMarker;
   if (&s == &Display.PrimarySurface) Display.FrontDirty = true;
 }
 

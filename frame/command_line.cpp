@@ -1,6 +1,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <initializer_list>
 #include <limits>
 #include <string>
 
@@ -13,6 +14,9 @@ constexpr const char* kUsage =
     "usage: vorrel [options]\n"
     "  --headless         no window, no sound, as fast as the machine runs\n"
     "  --windowed         a window instead of the full screen\n"
+    "  --game VARIANT TYPE LEVEL HEIGHT DIFFICULTY\n"
+    "                     start that game at once: classic or bonus, a b or c,\n"
+    "                     level 0-20, height 0-9, difficulty 0-2\n"
     "  --seed N           the random generator's seed (default: the time of day)\n"
     "  --data DIR         the game's data folder\n"
     "  --home DIR         the player's files: DIR/VSys/*.inf and DIR/settings.ini\n"
@@ -33,6 +37,40 @@ bool ParseUnsigned(const std::string& text, unsigned long long max, unsigned lon
 bool Complain(const std::string& message) {
   std::fprintf(stderr, "vorrel: %s\n(vorrel --help lists the options)\n", message.c_str());
   return false;
+}
+
+int IndexOf(const std::string& word, std::initializer_list<const char*> words) {
+  int i = 0;
+  for (const char* w : words) {
+    if (word == w) return i;
+    ++i;
+  }
+  return -1;
+}
+
+// The five words of --game, as a script's `game` line takes them.
+bool ParseGame(char** words, core::GameRequest& out) {
+  const std::string variant = words[0], type = words[1];
+  out.variant = IndexOf(variant, {"classic", "bonus", "wickory"});
+  if (out.variant < 0) return Complain("--game: the variant must be classic or bonus, not \"" + variant + "\"");
+  // Until the fuse game is built, Wickory cannot be started.
+  if (out.variant == 2) return Complain("--game: the Wickory variant is not playable yet");
+  out.type = IndexOf(type, {"a", "b", "c"});
+  if (out.type < 0) return Complain("--game: the play type must be a, b or c, not \"" + type + "\"");
+  struct Range {
+    const char* name;
+    unsigned long long max;
+    int* target;
+  };
+  const Range ranges[3] = {{"LEVEL", 20, &out.level}, {"HEIGHT", 9, &out.height}, {"DIFFICULTY", 2, &out.difficulty}};
+  for (int i = 0; i < 3; ++i) {
+    unsigned long long n = 0;
+    if (!ParseUnsigned(words[2 + i], ranges[i].max, n))
+      return Complain(std::string("--game: ") + ranges[i].name + " must be a whole number from 0 to " +
+                      std::to_string(ranges[i].max) + ", not \"" + words[2 + i] + "\"");
+    *ranges[i].target = static_cast<int>(n);
+  }
+  return true;
 }
 
 }  // namespace
@@ -80,6 +118,17 @@ bool ParseCommandLine(int argc, char** argv, automation::Options& out, bool& hel
       ok = flag(out.headless);
     } else if (arg == "--windowed") {
       ok = flag(out.windowed);
+    } else if (arg == "--game") {
+      if (hasInlineValue) {
+        ok = Complain("--game takes five words: VARIANT TYPE LEVEL HEIGHT DIFFICULTY");
+      } else if (i + 5 >= argc) {
+        ok = Complain("--game needs five words: VARIANT TYPE LEVEL HEIGHT DIFFICULTY");
+      } else {
+        core::GameRequest request;
+        ok = ParseGame(argv + i + 1, request);
+        if (ok) out.game = request;
+        i += 5;
+      }
     } else if (arg == "--seed") {
       ok = number(std::numeric_limits<uint32_t>::max(), "a whole number", n);
       if (ok) out.seed = static_cast<uint32_t>(n);

@@ -25,7 +25,9 @@
 #include "core/random.h"
 #include "frame/state_exposure.h"
 #include "core/settings.h"
+#include "game/game_loop.h"
 #include "game/game_state.h"
+#include "core/hooks.h"
 #include "input/control_mapping.h"
 #include "input/input_devices.h"
 #include "platform/backend.h"
@@ -122,6 +124,21 @@ void ShowLoadingScreen() {
   }
 }
 
+// A game asked for by `--game` or a `game` line, started as the menu's start
+// button does, without saving the settings.
+void StartRequestedGame(const core::GameRequest& request) {
+  core::MenuSettings& s = core::Settings;
+  s.GameVariant = static_cast<int16_t>(request.variant);
+  s.PlayType = static_cast<int16_t>(request.type);
+  s.Level = static_cast<int16_t>(request.level);
+  s.StartHeight = request.height;
+  s.Difficulty = static_cast<int16_t>(request.difficulty);
+  audio::PlaySoundEffect(142);
+  // The menu's closing sweep runs here once the menu exists.
+  game::PrepareGame();
+  game::BeginGame();
+}
+
 void GameMain() {
   game::FillDropDelay();
   platform::Current().SetMouseCaptured(true);
@@ -135,7 +152,12 @@ void GameMain() {
   CreateGraphics();
   CreateSound();
   display::FillSurface(display::Display.Backdrop, display::Display.WholeRect, 0);
-  // The introduction and the menu-and-game cycle join here as they are built.
+  // VSys\maindata.inf is read here once the front end reads it; until then
+  // the start values above stand.
+  core::GameRequest request;
+  if (core::TakeGameRequest(request)) StartRequestedGame(request);
+  // The introduction and the menu-and-game cycle join here as they are built;
+  // until the game-over screens exist a finished game ends the program.
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "frame/state_exposure.h"
 
 #include "audio/audio_devices.h"
+#include "bonus/bonus_state.h"
 #include "display/bitmap_text.h"
 #include "display/surface.h"
 #include "frame/catalogue.h"
@@ -66,6 +67,7 @@ void ExposeProgramState() {
   vars::Expose("VoiceOn", s.VoiceOn);
   vars::Expose("MusicTrack", s.MusicTrack);
   game::ExposeGameState();
+  bonus::ExposeBonusState();
   audio::ExposeAudioState();
   NameAssetSurfaces();
 }

@@ -7,6 +7,9 @@
 namespace game {
 
 void CheckLine();
+// Type C, once both rows of the bomb were cleared: every block explodes, the
+// height (or, at height 20, the level) rises, a new bomb and new garbage come.
+void DetonateBomb();
 // Composes the score banner for FullRowCount and starts its animation.
 void FlashScore(int32_t points);
 

@@ -66,4 +66,34 @@ TEST(CommandLine, BadUsageNamesTheOption) {
   EXPECT_NE(testing::internal::GetCapturedStdout().find("--max-ticks MS"), std::string::npos);
 }
 
+TEST(CommandLine, GameTakesTheFiveWordsOfAGameLine) {
+  automation::Options o;
+  bool help = false;
+  ASSERT_TRUE(Parse({"--game", "bonus", "c", "20", "9", "2", "--seed", "5"}, o, help));
+  ASSERT_TRUE(o.game.has_value());
+  EXPECT_EQ(o.game->variant, 1);
+  EXPECT_EQ(o.game->type, 2);
+  EXPECT_EQ(o.game->level, 20);
+  EXPECT_EQ(o.game->height, 9);
+  EXPECT_EQ(o.game->difficulty, 2);
+  EXPECT_EQ(o.seed, 5u) << "the words after the game are options again";
+
+  for (const auto& [bad, says] : std::vector<std::pair<std::vector<std::string>, std::string>>{
+           {{"--game", "wickory", "a", "0", "0", "0"}, "not playable yet"},
+           {{"--game", "arcade", "a", "0", "0", "0"}, "arcade"},
+           {{"--game", "classic", "d", "0", "0", "0"}, "\"d\""},
+           {{"--game", "classic", "a", "21", "0", "0"}, "LEVEL"},
+           {{"--game", "classic", "a", "0", "2.5", "0"}, "HEIGHT"},
+           {{"--game", "classic", "a", "0", "10", "0"}, "HEIGHT"},
+           {{"--game", "classic", "a", "0", "0", "3"}, "DIFFICULTY"},
+           {{"--game", "classic", "a", "0", "0"}, "five words"},
+       }) {
+    automation::Options out;
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(Parse(bad, out, help)) << says;
+    std::string err = testing::internal::GetCapturedStderr();
+    EXPECT_NE(err.find(says), std::string::npos) << err;
+  }
+}
+
 }  // namespace

@@ -145,14 +145,14 @@ TEST_F(EngineTest, StartUpLinesLimitsAndQuit) {
   options.maxFrames = 4;
   Start(
       "0 joy plug\n"
-      "0 game wickory b 7 3 1\n"
+      "0 game bonus b 7 3 1\n"
       "0 next 12 1\n"
       "+0 key down A\n",
       options);
   EXPECT_TRUE(in::PadPlugged()) << "plugged before the start-up handler looks";
   automation::GameRequest request;
   ASSERT_TRUE(automation::TakeGameRequest(request));
-  EXPECT_EQ(request.variant, 2);
+  EXPECT_EQ(request.variant, 1);
   EXPECT_EQ(request.type, 1);
   EXPECT_EQ(request.level, 7);
   EXPECT_EQ(request.height, 3);

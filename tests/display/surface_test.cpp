@@ -176,7 +176,19 @@ TEST(DisplaySurface, FiltersAndPixels) {
   WritePixel(s, 2.5, 0);  // rounds to 2
   ReadPixel(s, 2, 0);
   EXPECT_EQ(Display.PixelValue, 60000);
-  EXPECT_THROW(ReadPixel(s, 4, 0), core::GameFault);
+  ReadPixel(s, 4, 0);
+  EXPECT_EQ(Display.PixelValue, 0) << "outside the surface reads 0";
+  ReadPixel(s, 1, 1);
+  int32_t before = Display.PixelValue;
+  for (double x : {-1.0, 4.0, -0.6}) WritePixel(s, x, 1);
+  WritePixel(s, 1, -1);
+  WritePixel(s, 1, 2);
+  int marked = 0;
+  for (int y = 0; y < 2; ++y)
+    for (int x = 0; x < 4; ++x) marked += At(s, x, y) == 60000;
+  EXPECT_EQ(marked, 1) << "a write outside lands nowhere";
+  ReadPixel(s, 1, 1);
+  EXPECT_EQ(Display.PixelValue, before);
 }
 
 TEST(DisplaySurface, FillsHonourTheClipperAndWholeRect) {

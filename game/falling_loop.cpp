@@ -1,0 +1,225 @@
+// The falling-piece loop of Classic and Bonus: one pass a frame, at most one
+// sideways move, the soft drop, at most one flip, gravity on the tick.
+#include <initializer_list>
+
+#include "audio/music.h"
+#include "audio/sound_effects.h"
+#include "bonus/bonus_state.h"
+#include "core/random.h"
+#include "core/run_state.h"
+#include "core/settings.h"
+#include "display/assets.h"
+#include "display/passes.h"
+#include "display/surface.h"
+#include "game/field.h"
+#include "game/game_loop.h"
+#include "game/game_state.h"
+#include "game/line_check.h"
+#include "game/pieces.h"
+#include "game/playfield.h"
+#include "input/control_mapping.h"
+
+namespace game {
+
+namespace {
+
+using input::Controls;
+
+uint32_t Tick() { return display::GetTick(); }
+
+int CellX(int rot, int i) { return Game.PieceX + Game.PieceCells[rot][i][0]; }
+int CellY(int rot, int i) { return Game.PieceY + Game.PieceCells[rot][i][1]; }
+
+bool TypeC() { return core::Settings.PlayType == 2 && core::Settings.GameVariant < 2; }
+
+// In Type C the bomb blocks the piece: its square is painted into the field
+// for the length of one collision test only.
+template <class Test>
+bool WithBombPainted(Test test) {
+  const bool typeC = TypeC();
+  if (typeC) PaintField(Game.BombX, Game.BombY, Game.BombX + 40, Game.BombY + 40, 255, 0, 0);
+  const bool result = test();
+  if (typeC) PaintField(Game.BombX, Game.BombY, Game.BombX + 40, Game.BombY + 40, 0, 0, 0);
+  return result;
+}
+
+// Every one of the five entries is probed, even a repeated cell 0; probes
+// above the top row never decide.
+bool SidewaysAllowed(int dx) {
+  return WithBombPainted([dx] {
+    bool allowed = true;
+    for (int i = 0; i <= 4; ++i) {
+      const int x = CellX(Game.PieceRot, i) + dx, y = CellY(Game.PieceRot, i);
+      if (dx < 0 ? x < 0 : x > kFieldWidth) allowed = false;
+      if (Occupied(x, y) && y > 0) allowed = false;
+    }
+    return allowed;
+  });
+}
+
+bool FlipAllowed(int rot) {
+  return WithBombPainted([rot] {
+    bool allowed = true;
+    for (int i = 0; i <= 4; ++i) {
+      const int x = CellX(rot, i), y = CellY(rot, i);
+      if (y > kFieldHeight || x < 0 || x > kFieldWidth) allowed = false;
+      if (Occupied(x, y) && y > 0) allowed = false;
+    }
+    return allowed;
+  });
+}
+
+bool FallAllowed() {
+  return WithBombPainted([] {
+    bool allowed = Game.FlipAction == 0;
+    for (int i = 0; i <= 4; ++i) {
+      const int x = CellX(Game.PieceRot, i), y = CellY(Game.PieceRot, i);
+      if (y + 20 > kFieldHeight) allowed = false;
+      if (Occupied(x, y + 20)) allowed = false;
+    }
+    return allowed;
+  });
+}
+
+void ShowFrame() {
+  DrawPlayfield();
+  DrawPiece();
+  display::PresentFrame(0);
+}
+
+// A sideways move: three frames of 5-pixel slide, the last step shown by the
+// pass's own frame.
+void Slide(int step, bool& latch, int32_t& repeatTime) {
+  latch = true;
+  const int level = core::Settings.Level;
+  repeatTime = static_cast<int32_t>(Tick()) + (Game.DropDelay[level] >= 100 ? 100 : 170 - 5 * level);
+  audio::PlaySoundEffect(2);
+  for (int i = 0; i < 3; ++i) {
+    Game.PieceX = static_cast<int16_t>(Game.PieceX + step);
+    ShowFrame();
+  }
+  Game.PieceX = static_cast<int16_t>(Game.PieceX + step);
+}
+
+void Announce() {
+  GameState& g = Game;
+  const int kind = g.PieceKind;
+  switch (kind) {
+    case 13: audio::PlaySoundEffect(131); break;
+    case 14: audio::PlaySoundEffect(130); break;
+    case 12: audio::PlaySoundEffect(static_cast<int16_t>(core::RandomInt(3, 135))); break;
+    case 15: audio::PlaySoundEffect(static_cast<int16_t>(core::RandomInt(3, 132))); break;
+    case 7: case 8: case 9:
+      if (core::RandomInt(5, 1) == 1) audio::PlaySoundEffect(static_cast<int16_t>(core::RandomInt(3, 143)));
+      break;
+    case 0:
+      if (core::Settings.GameVariant == 0 && g.PiecesSinceBar > 25)
+        audio::PlaySoundEffect(static_cast<int16_t>(core::RandomInt(4, 147)));
+      break;
+    default: break;
+  }
+  if (kind == 0) g.PiecesSinceBar = 0;
+}
+
+void Land() {
+  GameState& g = Game;
+  audio::PlaySoundEffect(1);
+  if (g.SoftDropPoints > 0) {
+    g.Score += g.SoftDropPoints;
+    g.SoftDropPoints = 0;
+  }
+  // Bonus pieces are never stamped: their effect replaces the stamp.
+  if (g.PieceKind <= 11) {
+    int remark = 0;
+    for (int i = 0; i <= 4; ++i)
+      if (Occupied(CellX(g.PieceRot, i), CellY(g.PieceRot, i) - 20)) remark = 1;  // slid in under an overhang
+    display::BltKeyed(display::Assets.FieldSurfaces[0], g.PieceX, g.PieceY, 80, 80,
+                      display::Assets.PieceSprites[g.PieceKind][g.PieceRot][g.PieceFuse], 0, 0, 80, 80);
+    for (int i = 0; i <= 4; ++i) {
+      const int y = CellY(g.PieceRot, i) + 20;
+      if (!Occupied(CellX(g.PieceRot, i), y) && y <= kFieldHeight) remark = 2;  // left a gap below
+    }
+    if (remark == 1) audio::PlaySoundEffect(static_cast<int16_t>(core::RandomInt(4, 151)));
+    if (remark == 2 && core::RandomInt(4, 1) == 1) audio::PlaySoundEffect(static_cast<int16_t>(core::RandomInt(5, 155)));
+  }
+  CheckLine();
+  FreshCurrent();
+  Controls.LatchDown = true;
+  bonus::ResetSparks();
+  g.PiecesSinceBar = static_cast<int16_t>(g.PiecesSinceBar + 1);
+  Announce();
+  for (int i = 0; i <= 4; ++i) {
+    const int x = CellX(g.PieceRot, i), y = CellY(g.PieceRot, i);
+    if (Occupied(x, y) && y > 0) g.GameAlive = 0;  // the new piece overlaps the stack
+  }
+}
+
+void CheckDangerZone() {
+  GameState& g = Game;
+  g.DangerZoneBefore = g.DangerZone;
+  bool danger = false;
+  for (int y = 10; y <= 130; y += 20)
+    for (int x = 10; x <= 250; x += 20)
+      if (Occupied(x, y)) danger = true;
+  g.DangerZone = danger ? 1 : 0;
+  if (g.DangerZone != g.DangerZoneBefore) audio::SetMusicTempo(g.DangerZone ? 125 : 100);
+}
+
+}  // namespace
+
+void StandardGame() {
+  GameState& g = Game;
+  g.NextDropTime = static_cast<int32_t>(Tick()) + g.DropDelay[core::Settings.Level];
+  while (core::Run.AppRunning) {
+    g.FlipAction = 0;
+    input::ControlCheck();
+    if (Controls.PauseRequest == 1) PauseScreen();
+    if (Controls.KeyLeft && Controls.KeyRight) Controls.KeyLeft = Controls.KeyRight = false;
+
+    if (Controls.KeyLeft && !Controls.LatchLeft && SidewaysAllowed(-20))
+      Slide(-5, Controls.LatchLeft, g.LeftRepeatTime);
+    if (Controls.KeyRight && !Controls.LatchRight && SidewaysAllowed(20))
+      Slide(5, Controls.LatchRight, g.RightRepeatTime);
+
+    if (!Controls.KeyDown) g.SoftDropPoints = 0;
+    if (Controls.KeyDown && !Controls.LatchDown) {
+      g.NextDropTime = static_cast<int32_t>(Tick()) - 1;
+      g.SoftDropPoints = static_cast<int16_t>(g.SoftDropPoints + core::Settings.Level + 1);
+    }
+
+    if (Controls.KeyFlip && !Controls.LatchFlip) {
+      const int target = (g.PieceRot + 1) % 4;
+      if (FlipAllowed(target)) {
+        Controls.LatchFlip = true;
+        g.PieceRot = static_cast<int16_t>(target);
+        audio::PlaySoundEffect(3);
+        ShowFrame();
+      }
+      // A bonus piece lands where it is and uses its flip effect, fitting or not.
+      if (g.PieceKind > 11) g.FlipAction = 1;
+    }
+
+    g.GameAlive = 1;
+    if (static_cast<int32_t>(Tick()) > g.NextDropTime || g.FlipAction == 1) {
+      if (FallAllowed()) {
+        g.PieceY = static_cast<int16_t>(g.PieceY + 10);
+        ShowFrame();
+        g.PieceY = static_cast<int16_t>(g.PieceY + 10);
+      } else {
+        Land();
+      }
+      CheckDangerZone();
+      // The game-over sequence runs here once it exists; until then the game
+      // simply ends.
+      if (g.GameAlive == 0) return;
+      g.NextDropTime = static_cast<int32_t>(Tick()) + g.DropDelay[core::Settings.Level];
+    }
+
+    ShowFrame();
+    g.NowTick = static_cast<int32_t>(Tick());
+    if (g.NowTick > g.LeftRepeatTime) Controls.LatchLeft = false;
+    if (g.NowTick > g.RightRepeatTime) Controls.LatchRight = false;
+  }
+}
+
+}  // namespace game

@@ -1,0 +1,80 @@
+# A Bonus A game at level 9 with the five further pieces and no bonus piece
+# (all pieces queued), bars clearing four rows in the well.
+0 game bonus a 9 0 0
+0 next 0
+0 next 7
+0 next 8
+0 next 9
+0 next 0
+0 next 10
+0 next 11
+0 next 3
+0 next 0
+0 next 6
+0 next 1
+0 next 2
+@play mark
++0p mark
++0 field 13 123401234012.
++0 field 14 #3#3#3#3#3#3.
++0 field 15 40404040404..
++0 field 16 012340123401.
++0 field 17 123401234012.
++0 field 18 #3#3#3#3#3#3.
++0 field 19 40404040404..
++0 field 20 012340123401.
++0p key up Down
++1p key tap Up
++2p key down Right
++45 key up Right
++1p key down Down
+@sound 1 mark
++0p key up Down
++2p key down Left
++45 key up Left
++1p key down Down
+@sound 1 mark
++0p key up Down
++2p key down Right
++45 key up Right
++1p key down Down
+@sound 1 mark
++0p key up Down
++1p key tap Up
++2p key down Left
++45 key up Left
++1p key down Down
+@sound 1 mark
++0p key up Down
++1p key tap Up
++2p key down Right
++45 key up Right
++1p key down Down
+@sound 1 mark
++0p key up Down
++1p key down Down
+@sound 1 mark
++0p key up Down
++2p key down Left
++45 key up Left
++1p key down Down
+@sound 1 mark
++0p key up Down
++1p key tap Up
++2p key down Right
++45 key up Right
++1p key down Down
+@sound 1 mark
++0p key up Down
++1p key tap Up
++2p key down Right
++45 key up Right
++1p key down Down
+@sound 1 mark
++0p key up Down
++2p key down Left
++45 key up Left
++1p key down Down
+@sound 1 mark
++0p key up Down
++600 quit
