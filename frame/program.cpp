@@ -26,6 +26,13 @@
 #include "frame/state_exposure.h"
 #include "core/settings.h"
 #include "game/game_state.h"
+#include "frontend/front_state.h"
+#include "frontend/game_over.h"
+#include "frontend/intro.h"
+#include "frontend/menu.h"
+#include "game/game_loop.h"
+#include "game/game_over_hook.h"
+#include "core/hooks.h"
 #include "input/control_mapping.h"
 #include "input/input_devices.h"
 #include "platform/backend.h"
@@ -107,7 +114,7 @@ void StartupHandler(const automation::Options& options) {
   game::Game.DangerZone = 0;
   game::Game.DangerZoneBefore = 0;
   audio::FillTrackTable();
-  Frame.CreditsText = CreditsLines();
+  frontend::Front.CreditsText = CreditsLines();
   display::YieldToSystem();
 }
 
@@ -135,7 +142,22 @@ void GameMain() {
   CreateGraphics();
   CreateSound();
   display::FillSurface(display::Display.Backdrop, display::Display.WholeRect, 0);
-  // The introduction and the menu-and-game cycle join here as they are built.
+  // Introduction, then menu and game until the exit tab or F10. A `game`
+  // line at 0 skips the introduction and the first menu.
+  game::GameOverHook = frontend::GameOver;
+  core::GameRequest request;
+  if (core::TakeGameRequest(request)) {
+    frontend::StartRequestedGame(request);
+    if (core::Run.AppRunning) game::BeginGame();
+  } else {
+    frontend::Introduction();
+  }
+  while (core::Run.AppRunning) {
+    frontend::Front.MenuPage = 0;
+    frontend::MainMenu();
+    if (!core::Run.AppRunning) break;
+    game::BeginGame();
+  }
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "core/variables.h"
 #include "core/settings.h"
 #include "game/game_state.h"
+#include "frontend/front_state.h"
 #include "input/control_mapping.h"
 #include "input/input_devices.h"
 
@@ -66,6 +67,7 @@ void ExposeProgramState() {
   vars::Expose("VoiceOn", s.VoiceOn);
   vars::Expose("MusicTrack", s.MusicTrack);
   game::ExposeGameState();
+  frontend::ExposeFrontState();
   audio::ExposeAudioState();
   NameAssetSurfaces();
 }
