@@ -8,7 +8,6 @@ namespace frame {
 
 struct FrameState {
   int32_t LoadStep = 0;                 // creation steps of the catalogue
-  std::vector<std::string> CreditsText; // the final screen's scrolling lines
 };
 extern FrameState Frame;
 

@@ -27,6 +27,11 @@
 #include "core/settings.h"
 #include "game/game_loop.h"
 #include "game/game_state.h"
+#include "frontend/front_state.h"
+#include "frontend/game_over.h"
+#include "frontend/intro.h"
+#include "frontend/menu.h"
+#include "game/game_over_hook.h"
 #include "core/hooks.h"
 #include "input/control_mapping.h"
 #include "input/input_devices.h"
@@ -109,7 +114,7 @@ void StartupHandler(const automation::Options& options) {
   game::Game.DangerZone = 0;
   game::Game.DangerZoneBefore = 0;
   audio::FillTrackTable();
-  Frame.CreditsText = CreditsLines();
+  frontend::Front.CreditsText = CreditsLines();
   display::YieldToSystem();
 }
 
@@ -126,19 +131,6 @@ void ShowLoadingScreen() {
 
 // A game asked for by `--game` or a `game` line, started as the menu's start
 // button does, without saving the settings.
-void StartRequestedGame(const core::GameRequest& request) {
-  core::MenuSettings& s = core::Settings;
-  s.GameVariant = static_cast<int16_t>(request.variant);
-  s.PlayType = static_cast<int16_t>(request.type);
-  s.Level = static_cast<int16_t>(request.level);
-  s.StartHeight = request.height;
-  s.Difficulty = static_cast<int16_t>(request.difficulty);
-  audio::PlaySoundEffect(142);
-  // The menu's closing sweep runs here once the menu exists.
-  game::PrepareGame();
-  game::BeginGame();
-}
-
 void GameMain() {
   game::FillDropDelay();
   platform::Current().SetMouseCaptured(true);
@@ -152,12 +144,22 @@ void GameMain() {
   CreateGraphics();
   CreateSound();
   display::FillSurface(display::Display.Backdrop, display::Display.WholeRect, 0);
-  // VSys\maindata.inf is read here once the front end reads it; until then
-  // the start values above stand.
+  // Introduction, then menu and game until the exit tab or F10. A `game`
+  // line at 0 skips the introduction and the first menu.
+  game::GameOverHook = frontend::GameOver;
   core::GameRequest request;
-  if (core::TakeGameRequest(request)) StartRequestedGame(request);
-  // The introduction and the menu-and-game cycle join here as they are built;
-  // until the game-over screens exist a finished game ends the program.
+  if (core::TakeGameRequest(request)) {
+    frontend::StartRequestedGame(request);
+    if (core::Run.AppRunning) game::BeginGame();
+  } else {
+    frontend::Introduction();
+  }
+  while (core::Run.AppRunning) {
+    frontend::Front.MenuPage = 0;
+    frontend::MainMenu();
+    if (!core::Run.AppRunning) break;
+    game::BeginGame();
+  }
 }
 
 }  // namespace

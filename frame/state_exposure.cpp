@@ -10,6 +10,7 @@
 #include "core/variables.h"
 #include "core/settings.h"
 #include "game/game_state.h"
+#include "frontend/front_state.h"
 #include "input/control_mapping.h"
 #include "input/input_devices.h"
 
@@ -68,6 +69,7 @@ void ExposeProgramState() {
   vars::Expose("MusicTrack", s.MusicTrack);
   game::ExposeGameState();
   bonus::ExposeBonusState();
+  frontend::ExposeFrontState();
   audio::ExposeAudioState();
   NameAssetSurfaces();
 }

@@ -12,6 +12,7 @@
 #include "display/passes.h"
 #include "display/surface.h"
 #include "game/field.h"
+#include "game/game_over_hook.h"
 #include "game/game_loop.h"
 #include "game/game_state.h"
 #include "game/line_check.h"
@@ -209,9 +210,10 @@ void StandardGame() {
         Land();
       }
       CheckDangerZone();
-      // The game-over sequence runs here once it exists; until then the game
-      // simply ends.
-      if (g.GameAlive == 0) return;
+      if (g.GameAlive == 0) {
+        if (GameOverHook) GameOverHook();
+        return;
+      }
       g.NextDropTime = static_cast<int32_t>(Tick()) + g.DropDelay[core::Settings.Level];
     }
 
