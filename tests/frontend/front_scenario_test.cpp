@@ -52,6 +52,14 @@ std::string Click(int x, int y, const std::string& when = "+2") {
   return when + " pointer " + std::to_string(x) + " " + std::to_string(y) + "\n+0 mouse click 1\n";
 }
 
+// Rows 1 to 20 filled but for the last column, painted at a poll of play: the
+// piece in row 0 lands at once and the next one cannot enter.
+std::string FullField() {
+  std::string s;
+  for (int row = 1; row <= 20; ++row) s += "+0 field " + std::to_string(row) + " ############.\n";
+  return s;
+}
+
 // The menu reveal lasts one frame per y = 300, 295, ..., 0.
 constexpr int kRevealFrames = 300 / 5 + 1;
 
@@ -111,20 +119,20 @@ TEST(FrontEnd, MenuControlsEdgesAndTheExitTabSavesNothing) {
   EXPECT_TRUE(fs::exists(dir + "/page1.png") && fs::exists(dir + "/page2.png"));
 }
 
-// Start saves the settings; the game ends (here with the score set from the
-// menu); the name is typed on the keyboard; the final screen; the menu again.
+// Start saves the settings; the game is lost at once with a score set in
+// play; the name is typed on the keyboard; the final screen; the menu again.
 TEST(FrontEnd, StartSavesAndANewHighScoreIsFiledInPlace) {
   NEED_DATA();
   std::string dir = ScratchDir("road");
   std::string script = "@menu mark\n+" + std::to_string(kRevealFrames) + " mark\n" + Click(680, 250) +
-                       Click(620, 310) + "+2 set ScoreShown 20000\n" + Click(700, 490) +
-                       "@gameover dump " + dir + "/over.json\n"
+                       Click(620, 310) + Click(700, 490) + "@play mark\n+0p set Score 20000\n+0 set ScoreShown 20000\n" +
+                       FullField() + "+0 set NextDropTime 0\n@gameover dump " + dir + "/over.json\n"
                        "@highscore dump " + dir + "/high.json\n"
                        "+300 key tap H\n+2 key tap I\n+2 key down LShift\n+1 key tap Apostrophe\n+1 key up LShift\n"
                        "+2 key tap Backspace\n+2 key tap J\n+2 dump " + dir + "/typed.json\n+2 key tap Return\n"
                        "@final mark\n+400 mouse click 1\n@menu mark\n+" + std::to_string(kRevealFrames) + " mark\n" +
                        Click(745, 30);
-  GameRun run = RunGame(dir, script);
+  GameRun run = RunGame(dir, script, {"--max-frames", "3000"});
   ASSERT_EQ(run.status, 0) << run.stderrText;
 
   EXPECT_EQ(FileLines(dir + "/home/VSys/maindata.inf"),
@@ -150,6 +158,7 @@ TEST(FrontEnd, StartSavesAndANewHighScoreIsFiledInPlace) {
   expected.insert(expected.begin() + block + 4 * rank, {"\"HJ\"", "20000", "0", "5"});
   EXPECT_EQ(FileLines(dir + "/home/VSys/hs.inf"), expected);
   EXPECT_EQ(DumpValue(run.dumpText, "screen"), "menu");
+  EXPECT_EQ(DumpValue(run.dumpText, "AppRunning"), "false") << "left by the exit tab";
   EXPECT_FALSE(fs::exists(dir + "/home/VSys/hs.inf.tmp"));
 }
 
