@@ -36,5 +36,4 @@
 +1p key tap Up
 # The earthquake starts, the line check after it, the next piece.
 @sound 12 mark
-+400 dump DUMP
-+0 quit
++400 quit

@@ -1,8 +1,9 @@
-// Golden runs of the block game: a seed and a script of a few thousand
-// frames each, whose final dump is kept beside the script. Every top-level
-// entry of the kept dump must come out the same (entries added to dumps
-// later are not compared). When a move is meant, rerun with
-// VORREL_UPDATE_GOLDEN=1 to rewrite the kept dumps and say why in the commit.
+// Golden runs: a seed and a script of a few thousand frames each
+// (tests/golden/NAME.vs), whose final dump is kept beside the script
+// (NAME.json). Every top-level entry of the kept dump must come out the same
+// (entries added to dumps later are not compared). When a move is meant,
+// rerun with VORREL_UPDATE_GOLDEN=1 to rewrite the kept dumps and say in the
+// commit why they moved.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -37,6 +38,7 @@ void Golden(const std::string& name) {
   testsupport::GameRun run = testsupport::RunGame(dir, testsupport::ReadFile(source + ".vs"), {"--max-frames", "6000"});
   ASSERT_EQ(run.status, 0) << run.stderrText;
   ASSERT_FALSE(run.dumpText.empty());
+  ASSERT_LT(std::stol(testsupport::DumpValue(run.dumpText, "frame")), 6000) << "the script's own quit ends the run";
   if (std::getenv("VORREL_UPDATE_GOLDEN")) testsupport::WriteFile(source + ".json", run.dumpText);
   ASSERT_TRUE(std::filesystem::exists(source + ".json")) << "no kept dump for " << name;
   const auto kept = Entries(testsupport::ReadFile(source + ".json"));
@@ -55,3 +57,4 @@ TEST(GoldenPlay, ClassicA) { Golden("classic_a"); }
 TEST(GoldenPlay, ClassicBWonByTheLastLines) { Golden("classic_b"); }
 TEST(GoldenPlay, ClassicCWithADetonation) { Golden("classic_c"); }
 TEST(GoldenPlay, BonusAWithoutBonusPieces) { Golden("bonus_a"); }
+TEST(GoldenPlay, BonusAWithEveryBonusEffect) { Golden("bonus_effects"); }
