@@ -162,6 +162,33 @@ TEST(FrontEnd, StartSavesAndANewHighScoreIsFiledInPlace) {
   EXPECT_FALSE(fs::exists(dir + "/home/VSys/hs.inf.tmp"));
 }
 
+// Keys tapped in the menu, which reads only the pointer, never reach the game
+// the start button begins: not in the menu's polls, not at the very poll the
+// start is clicked at. The game's first pass runs as if nothing was tapped.
+TEST(FrontEnd, KeysTappedInTheMenuDoNotReachTheGame) {
+  NEED_DATA();
+  auto firstPass = [](const std::string& name, const std::string& taps) {
+    std::string dir = ScratchDir(name);
+    GameRun run = RunGame(dir,
+                          "@menu mark\n+" + std::to_string(kRevealFrames) + " mark\n+2 mark\n" + taps +
+                              "+2 pointer 700 490\n" + taps + "+0 mouse click 1\n@play mark\n+1p quit\n",
+                          {"--max-frames", "2000"});
+    EXPECT_EQ(run.status, 0) << run.stderrText;
+    return run.dumpText;
+  };
+  const std::string quiet = firstPass("quiet", "");
+  std::string taps;
+  for (const char* key : {"Escape", "F10", "Left", "Right", "Down", "Up"}) taps += "+0 key tap " + std::string(key) + "\n";
+  const std::string tapped = firstPass("tapped", taps);
+  ASSERT_EQ(DumpValue(quiet, "screen"), "play");
+  EXPECT_EQ(DumpValue(tapped, "screen"), "play") << "Escape would pause";
+  EXPECT_EQ(DumpValue(tapped, "AppRunning"), "true") << "F10 would quit";
+  EXPECT_EQ(DumpValue(tapped, "PauseRequest"), "0");
+  for (const char* key : {"PieceX", "PieceY", "PieceRot", "SoftDropPoints", "NextDropTime"})
+    EXPECT_EQ(DumpValue(tapped, key), DumpValue(quiet, key)) << key;
+  EXPECT_TRUE(tapped == quiet) << "the taps changed nothing at all";
+}
+
 TEST(FrontEnd, DamagedFilesAreKeptAsideReadAsFarAsGoodAndWrittenWholeAtTheNextSave) {
   NEED_DATA();
   std::string dir = ScratchDir("damaged");
