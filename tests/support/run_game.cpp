@@ -55,7 +55,8 @@ GameRun RunGame(const std::string& dir, const std::string& script, const std::ve
   WriteFile(scriptPath, script);
   fs::create_directories(dir + "/home");
   std::string cmd = Quote(VORREL_BINARY) + " --headless --seed 1 --data " + Quote(data.empty() ? TestData() : data) +
-                    " --home " + Quote(dir + "/home") + " --script " + Quote(scriptPath) + " --dump " + Quote(dumpPath);
+                    " --home " + Quote(dir + "/home") + " --script " + Quote(scriptPath) + " --dump " + Quote(dumpPath) +
+                    " --max-frames " + std::to_string(kMaxFrames);
   for (const auto& a : args) cmd += " " + Quote(a);
   cmd += " 2>" + Quote(errPath) + " >/dev/null";
   int rc = std::system(cmd.c_str());

@@ -17,8 +17,13 @@ std::string ScratchDir(const std::string& name);
 std::string ReadFile(const std::string& path);
 void WriteFile(const std::string& path, const std::string& text);
 
-// Runs `vorrel --headless --data DATA --home HOME --seed 1 --script SCRIPT --dump DUMP ARGS...`
-// with the script's text written to a file in dir. data "" means the test data folder.
+// A run that waits for something that never comes ends here (a few seconds)
+// instead of at the test's timeout; a --max-frames in ARGS overrides it.
+inline constexpr int kMaxFrames = 20000;
+
+// Runs `vorrel --headless --data DATA --home HOME --seed 1 --script SCRIPT --dump DUMP
+// --max-frames 20000 ARGS...` with the script's text written to a file in dir. data ""
+// means the test data folder.
 GameRun RunGame(const std::string& dir, const std::string& script, const std::vector<std::string>& args = {},
                 const std::string& data = "");
 
