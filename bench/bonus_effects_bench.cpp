@@ -9,7 +9,7 @@
 #include <functional>
 #include <string>
 
-#include "audio/audio_devices.h"
+#include "bench/bench_support.h"
 #include "automation/automation.h"
 #include "automation/options.h"
 #include "bonus/bonus_state.h"
@@ -27,41 +27,6 @@
 #include "platform/paths.h"
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
-
-Clock::time_point lastFrame;
-double worstMs = 0;
-long framesSeen = 0;
-
-void NoteFrame() {
-  const auto now = Clock::now();
-  const double ms = std::chrono::duration<double, std::milli>(now - lastFrame).count();
-  ++framesSeen;
-  if (ms > worstMs) worstMs = ms;
-  lastFrame = now;
-}
-
-bool LoadOnce() {
-  static int loaded = -1;
-  if (loaded >= 0) return loaded == 1;
-  const std::string data = VORREL_TEST_DATA;
-  loaded = std::filesystem::is_directory(data + "/graphics") ? 1 : 0;
-  if (!loaded) return false;
-  platform::SetCurrent(platform::MakeHeadlessBackend());
-  automation::Options none;
-  automation::Configure(none);
-  platform::SetDataFolder(data);
-  std::string failed;
-  display::InitDisplay(failed);
-  display::CreateBlankSurface(display::Display.Backdrop, 800, 600);
-  display::Text.GlyphOrder = display::MakeGlyphOrder();
-  audio::OpenAudioDevices(true);
-  frame::CreateGraphics();
-  frame::CreateSound();
-  core::Hooks.FrameMoment = NoteFrame;
-  return true;
-}
 
 // A Bonus A game at level 5 with a stack in rows 8..20, the piece in place.
 void Prepare(int kind, int x, int y, int flip) {
@@ -83,7 +48,7 @@ void Prepare(int kind, int x, int y, int flip) {
 }
 
 void WorstFrame(benchmark::State& state, int kind, int x, int y, int flip) {
-  if (!LoadOnce()) {
+  if (!benchsupport::LoadCatalogue()) {
     state.SkipWithError("no generated data folder");
     return;
   }
@@ -93,12 +58,10 @@ void WorstFrame(benchmark::State& state, int kind, int x, int y, int flip) {
     state.PauseTiming();
     Prepare(kind, x, y, flip);
     state.ResumeTiming();
-    worstMs = 0;
-    framesSeen = 0;
-    lastFrame = Clock::now();
+    benchsupport::TimeFrames();
     bonus::RunBonusEffect();
-    if (worstMs > worst) worst = worstMs;
-    frames = framesSeen;
+    if (benchsupport::WorstFrameMs() > worst) worst = benchsupport::WorstFrameMs();
+    frames = benchsupport::FramesSeen();
   }
   state.counters["worst_frame_ms"] = worst;
   state.counters["frame_budget_ms"] = 1000.0 / 60.0;

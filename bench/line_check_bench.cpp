@@ -10,7 +10,7 @@
 #include <filesystem>
 #include <string>
 
-#include "audio/audio_devices.h"
+#include "bench/bench_support.h"
 #include "automation/automation.h"
 #include "automation/options.h"
 #include "core/hooks.h"
@@ -28,45 +28,6 @@
 #include "platform/paths.h"
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
-
-Clock::time_point lastFrame;
-double worstMs = 0;
-long worstFrame = 0;
-long framesSeen = 0;
-
-void NoteFrame() {
-  const auto now = Clock::now();
-  const double ms = std::chrono::duration<double, std::milli>(now - lastFrame).count();
-  ++framesSeen;
-  if (ms > worstMs) {
-    worstMs = ms;
-    worstFrame = framesSeen;
-  }
-  lastFrame = now;
-}
-
-bool LoadOnce() {
-  static int loaded = -1;
-  if (loaded >= 0) return loaded == 1;
-  const std::string data = VORREL_TEST_DATA;
-  loaded = std::filesystem::is_directory(data + "/graphics") ? 1 : 0;
-  if (!loaded) return false;
-  platform::SetCurrent(platform::MakeHeadlessBackend());
-  automation::Options none;
-  automation::Configure(none);
-  platform::SetDataFolder(data);
-  std::string failed;
-  display::InitDisplay(failed);
-  display::CreateBlankSurface(display::Display.Backdrop, 800, 600);
-  display::Text.GlyphOrder = display::MakeGlyphOrder();
-  audio::OpenAudioDevices(true);
-  frame::CreateGraphics();
-  frame::CreateSound();
-  core::Hooks.FrameMoment = NoteFrame;
-  return true;
-}
 
 void PrepareField(int playType, int level) {
   core::Settings.GameVariant = 0;
@@ -86,7 +47,7 @@ void Row(int row, const std::string& cells) { game::PaintFieldRow(row, cells); }
 // Runs one line check and the caller's next frame; the worst frame of it.
 template <class Setup>
 void WorstFrame(benchmark::State& state, Setup setup) {
-  if (!LoadOnce()) {
+  if (!benchsupport::LoadCatalogue()) {
     state.SkipWithError("no generated data folder");
     return;
   }
@@ -97,19 +58,17 @@ void WorstFrame(benchmark::State& state, Setup setup) {
     state.PauseTiming();
     setup();
     state.ResumeTiming();
-    worstMs = 0;
-    framesSeen = 0;
-    lastFrame = Clock::now();
-    const auto start = lastFrame;
+    benchsupport::TimeFrames();
+    const auto start = std::chrono::steady_clock::now();
     game::CheckLine();
     game::DrawPlayfield();
     display::PresentFrame(0);
-    total += std::chrono::duration<double, std::milli>(Clock::now() - start).count();
-    if (worstMs > worst) {
-      worst = worstMs;
-      worstAt = worstFrame;
+    total += std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+    if (benchsupport::WorstFrameMs() > worst) {
+      worst = benchsupport::WorstFrameMs();
+      worstAt = benchsupport::WorstFrame();
     }
-    frames = framesSeen;
+    frames = benchsupport::FramesSeen();
   }
   state.counters["worst_frame_ms"] = worst;
   state.counters["frame_budget_ms"] = 1000.0 / 60.0;

@@ -5,6 +5,8 @@
 // under 1 ms and within a few times that copy.
 #include <benchmark/benchmark.h>
 
+#include "bench/bench_support.h"
+
 #include <algorithm>
 #include <chrono>
 #include <cstring>
@@ -36,22 +38,8 @@ using Clock = std::chrono::steady_clock;
 bool Ready() {
   static int ready = -1;
   if (ready >= 0) return ready == 1;
-  const std::string data = VORREL_TEST_DATA;
-  ready = std::filesystem::is_directory(data + "/graphics") ? 1 : 0;
+  ready = benchsupport::LoadCatalogue() ? 1 : 0;
   if (!ready) return false;
-  if (!display::Assets.FieldSurfaces[0].Exists()) {
-    platform::SetCurrent(platform::MakeHeadlessBackend());
-    automation::Options none;
-    automation::Configure(none);
-    platform::SetDataFolder(data);
-    std::string failed;
-    display::InitDisplay(failed);
-    display::CreateBlankSurface(display::Display.Backdrop, 800, 600);
-    display::Text.GlyphOrder = display::MakeGlyphOrder();
-    audio::OpenAudioDevices(true);
-    frame::CreateGraphics();
-    frame::CreateSound();
-  }
   std::string failed;
   input::InitInput(failed);
   return true;
