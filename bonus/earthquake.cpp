@@ -30,21 +30,11 @@ Shake NewShake() {
 // them (it leaves the field out while FieldBlitOff is set).
 void DrawShaken(const Shake& s) {
   const game::GameState& g = game::Game;
-  display::AssetSurfaces& a = display::Assets;
   display::BltKeyed(Back(), s.x, s.y, 260, 420, Field(), 0, 0, 260, 420);
   game::DrawPlayfield();
   if (!detail::InTypeC()) return;
   const double bx = s.x + g.BombX, by = s.y + g.BombY;
-  display::BltKeyed(Back(), bx, by, 40, 40, a.BombImages[1], 0, 0, 40, 40);
-  int over = 0;
-  switch (g.BombFrame) {
-    case 40: case 47: over = 2; break;
-    case 41: case 46: over = 3; break;
-    case 43: case 45: over = 4; break;
-    case 44: over = 5; break;
-    default: break;
-  }
-  if (over) display::BltKeyed(Back(), bx, by, 40, 40, a.BombImages[over], 0, 0, 40, 40);
+  game::DrawBombPictures(bx, by);
 }
 
 void DrawSwell(int swell) {

@@ -107,13 +107,11 @@ void MakeBackground() {
   display::BltKeyed(backdrop, 30, 60, 70, 20, Assets.PieceStatsImage, 0, 0, 70, 20);
 }
 
-void DrawTypeCBomb(int fieldY) {
-  GameState& g = Game;
+void DrawBombPictures(double x, double y) {
   Surface& back = display::Display.BackBuffer;
-  const int x = g.BombX + 181, y = fieldY + 147;
   display::BltKeyed(back, x, y, 40, 40, Assets.BombImages[1], 0, 0, 40, 40);
   int over = 0;
-  switch (g.BombFrame) {
+  switch (Game.BombFrame) {
     case 40: case 47: over = 2; break;
     case 41: case 46: over = 3; break;
     case 43: case 45: over = 4; break;
@@ -121,6 +119,13 @@ void DrawTypeCBomb(int fieldY) {
     default: break;
   }
   if (over) display::BltKeyed(back, x, y, 40, 40, Assets.BombImages[over], 0, 0, 40, 40);
+}
+
+void DrawTypeCBomb(int fieldY) {
+  GameState& g = Game;
+  Surface& back = display::Display.BackBuffer;
+  const int x = g.BombX + 181, y = fieldY + 147;
+  DrawBombPictures(x, y);
 
   if (core::RandomInt(25, 1) == 5) {
     g.BombSparkSlot = static_cast<int16_t>(g.BombSparkSlot + 1);

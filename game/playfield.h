@@ -12,6 +12,8 @@ void DrawPlayfield();
 // The Type C bomb and its sparkles as DrawPlayfield draws them, at field y
 // (the collapse of cleared rows moves the bomb while it draws it).
 void DrawTypeCBomb(int fieldY);
+// The bomb's picture for the current BombFrame at a screen position.
+void DrawBombPictures(double x, double y);
 // "Draw the piece": the falling piece's sprite at its box, with its sparks.
 void DrawPiece();
 
