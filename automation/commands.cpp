@@ -89,6 +89,14 @@ void Field(const ScriptLine& line) {
   e.painter(line.command.a, line.command.text1);
 }
 
+void Stamp(const ScriptLine& line) {
+  Engine& e = State();
+  if (!e.stamper || e.screen != "play")
+    BadLineNow(line, "stamp needs a Wickory game in play, and the screen is \"" + e.screen + "\"");
+  const Command& c = line.command;
+  e.stamper(c.a, c.b, c.c, c.d, c.e);
+}
+
 void Set(const ScriptLine& line) {
   const Command& c = line.command;
   std::string error;
@@ -124,6 +132,7 @@ void RunCommand(const ScriptLine& line) {
     case Op::Game: Game(line); break;
     case Op::Set: Set(line); break;
     case Op::Field: Field(line); break;
+    case Op::Stamp: Stamp(line); break;
     case Op::Next: State().pieces.emplace_back(c.a, c.b); break;
     case Op::FilePut: PutFile(line); break;
     case Op::FileRemove: RemoveFile(line); break;
