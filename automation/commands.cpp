@@ -78,8 +78,6 @@ void Game(const ScriptLine& line) {
   if (e.where != Where::Start && e.screen != "menu")
     BadLineNow(line, "game starts a game only at 0 or in the menu, not in \"" + e.screen + "\"");
   const Command& c = line.command;
-  // Until the fuse game is built, Wickory cannot be started.
-  if (c.a == 2) BadLineNow(line, "game wickory: the Wickory variant is not playable yet");
   e.request = GameRequest{c.a, c.b, c.c, c.d, c.e};
 }
 
