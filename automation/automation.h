@@ -53,6 +53,7 @@ bool TakeQueuedPiece(int& kind, int& fuse);
 // The `field ROW CELLS` command paints through the game: set while a game can
 // take it, cleared (an empty function) when the game is gone.
 void SetFieldPainter(std::function<void(int row, const std::string& cells)> painter);
+void SetFieldStamper(std::function<void(int kind, int rot, int fuse, int col, int row)> stamper);
 
 // The seed the run uses (the recording's first line). Needed only when the
 // command line gave none.

@@ -78,8 +78,6 @@ void Game(const ScriptLine& line) {
   if (e.where != Where::Start && e.screen != "menu")
     BadLineNow(line, "game starts a game only at 0 or in the menu, not in \"" + e.screen + "\"");
   const Command& c = line.command;
-  // Until the fuse game is built, Wickory cannot be started.
-  if (c.a == 2) BadLineNow(line, "game wickory: the Wickory variant is not playable yet");
   e.request = GameRequest{c.a, c.b, c.c, c.d, c.e};
 }
 
@@ -87,6 +85,14 @@ void Field(const ScriptLine& line) {
   Engine& e = State();
   if (!e.painter || e.screen != "play") BadLineNow(line, "field needs a game in play, and the screen is \"" + e.screen + "\"");
   e.painter(line.command.a, line.command.text1);
+}
+
+void Stamp(const ScriptLine& line) {
+  Engine& e = State();
+  if (!e.stamper || e.screen != "play")
+    BadLineNow(line, "stamp needs a Wickory game in play, and the screen is \"" + e.screen + "\"");
+  const Command& c = line.command;
+  e.stamper(c.a, c.b, c.c, c.d, c.e);
 }
 
 void Set(const ScriptLine& line) {
@@ -124,6 +130,7 @@ void RunCommand(const ScriptLine& line) {
     case Op::Game: Game(line); break;
     case Op::Set: Set(line); break;
     case Op::Field: Field(line); break;
+    case Op::Stamp: Stamp(line); break;
     case Op::Next: State().pieces.emplace_back(c.a, c.b); break;
     case Op::FilePut: PutFile(line); break;
     case Op::FileRemove: RemoveFile(line); break;

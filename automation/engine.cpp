@@ -133,6 +133,7 @@ void InstallHooks() {
   h.TakeGameRequest = TakeGameRequest;
   h.TakeQueuedPiece = TakeQueuedPiece;
   h.FieldPainter = SetFieldPainter;
+  h.FieldStamper = SetFieldStamper;
 }
 
 void Configure(const automation::Options& options) {
@@ -279,6 +280,7 @@ bool TakeQueuedPiece(int& kind, int& fuse) {
 }
 
 void SetFieldPainter(std::function<void(int, const std::string&)> painter) { State().painter = std::move(painter); }
+void SetFieldStamper(std::function<void(int, int, int, int, int)> stamper) { State().stamper = std::move(stamper); }
 
 void NoteSeed(uint32_t seed) { State().seed = seed; }
 

@@ -63,6 +63,7 @@ struct Engine {
   std::deque<std::pair<int, int>> pieces;
   std::optional<GameRequest> request;
   std::function<void(int, const std::string&)> painter;
+  std::function<void(int, int, int, int, int)> stamper;
   std::optional<uint32_t> seed;
   std::unique_ptr<Recorder> recorder;
   bool finished = false;

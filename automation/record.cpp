@@ -117,6 +117,7 @@ void Recorder::Carry(const ScriptLine& line) {
     case Op::Game:
     case Op::Set:
     case Op::Field:
+    case Op::Stamp:
     case Op::FileRemove:
       Emit(line.commandText, false);
       break;

@@ -247,8 +247,15 @@ class LineParser {
       std::optional<Token> cells = Take(true);
       if (!cells) Bad("missing the 13 cells of the row");
       c.text1 = cells->text;
-      if (c.text1.size() != 13 || c.text1.find_first_not_of(".01234#") != std::string::npos)
-        Bad("CELLS must be 13 of . 0 1 2 3 4 #, not \"" + c.text1 + "\"");
+      if (c.text1.size() != 13 || c.text1.find_first_not_of(".01234#r") != std::string::npos)
+        Bad("CELLS must be 13 of . 0 1 2 3 4 # r, not \"" + c.text1 + "\"");
+    } else if (w == "stamp") {
+      c.op = Op::Stamp;
+      c.a = static_cast<int>(Number("KIND", 0, 13));
+      c.b = static_cast<int>(Number("ROT", 0, 3));
+      c.c = static_cast<int>(Number("FUSE", 0, 2));
+      c.d = static_cast<int>(Number("COL", -3, 12));
+      c.e = static_cast<int>(Number("ROW", -3, 20));
     } else if (w == "next") {
       c.op = Op::Next;
       c.a = static_cast<int>(Number("KIND", 0, 15));

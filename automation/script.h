@@ -27,7 +27,7 @@ enum class Op {
   Pointer,
   JoyPlug, JoyUnplug, JoyAxis, JoyRaw, JoyDown, JoyUp,
   Mark, Close, Quit,
-  Game, Set, Field, Next, FilePut, FileRemove,
+  Game, Set, Field, Stamp, Next, FilePut, FileRemove,
   Dump, Shot,
 };
 

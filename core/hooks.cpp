@@ -57,5 +57,8 @@ bool TakeQueuedPiece(int& kind, int& fuse) { return Hooks.TakeQueuedPiece && Hoo
 void SetFieldPainter(std::function<void(int row, const std::string& cells)> painter) {
   if (Hooks.FieldPainter) Hooks.FieldPainter(std::move(painter));
 }
+void SetFieldStamper(std::function<void(int kind, int rot, int fuse, int col, int row)> stamper) {
+  if (Hooks.FieldStamper) Hooks.FieldStamper(std::move(stamper));
+}
 
 }  // namespace core

@@ -33,6 +33,8 @@ struct HookTable {
   // The game offers (or, with an empty function, withdraws) its painter of
   // field rows for the `field` command.
   std::function<void(std::function<void(int row, const std::string& cells)>)> FieldPainter;
+  // The fuse game offers its stamper of pieces for the `stamp` command.
+  std::function<void(std::function<void(int kind, int rot, int fuse, int col, int row)>)> FieldStamper;
 };
 extern HookTable Hooks;
 
@@ -59,5 +61,6 @@ bool TakeGameRequest(GameRequest& out);
 // True with the oldest piece of the `next` queue.
 bool TakeQueuedPiece(int& kind, int& fuse);
 void SetFieldPainter(std::function<void(int row, const std::string& cells)> painter);
+void SetFieldStamper(std::function<void(int kind, int rot, int fuse, int col, int row)> stamper);
 
 }  // namespace core

@@ -15,7 +15,7 @@ constexpr const char* kUsage =
     "  --headless         no window, no sound, as fast as the machine runs\n"
     "  --windowed         a window instead of the full screen\n"
     "  --game VARIANT TYPE LEVEL HEIGHT DIFFICULTY\n"
-    "                     start that game at once: classic or bonus, a b or c,\n"
+    "                     start that game at once: classic, bonus or wickory, a b or c,\n"
     "                     level 0-20, height 0-9, difficulty 0-2\n"
     "  --seed N           the random generator's seed (default: the time of day)\n"
     "  --data DIR         the game's data folder\n"
@@ -52,9 +52,8 @@ int IndexOf(const std::string& word, std::initializer_list<const char*> words) {
 bool ParseGame(char** words, core::GameRequest& out) {
   const std::string variant = words[0], type = words[1];
   out.variant = IndexOf(variant, {"classic", "bonus", "wickory"});
-  if (out.variant < 0) return Complain("--game: the variant must be classic or bonus, not \"" + variant + "\"");
-  // Until the fuse game is built, Wickory cannot be started.
-  if (out.variant == 2) return Complain("--game: the Wickory variant is not playable yet");
+  if (out.variant < 0)
+    return Complain("--game: the variant must be classic, bonus or wickory, not \"" + variant + "\"");
   out.type = IndexOf(type, {"a", "b", "c"});
   if (out.type < 0) return Complain("--game: the play type must be a, b or c, not \"" + type + "\"");
   struct Range {

@@ -31,7 +31,9 @@
 #include "frontend/game_over.h"
 #include "frontend/intro.h"
 #include "frontend/menu.h"
+#include "game/end_hooks.h"
 #include "game/game_over_hook.h"
+#include "frontend/high_scores.h"
 #include "core/hooks.h"
 #include "input/control_mapping.h"
 #include "input/input_devices.h"
@@ -147,6 +149,10 @@ void GameMain() {
   // Introduction, then menu and game until the exit tab or F10. A `game`
   // line at 0 skips the introduction and the first menu.
   game::GameOverHook = frontend::GameOver;
+  game::RocketBlastHook = frontend::RocketBlast;
+  game::QualifiesForTableHook = frontend::QualifiesForTable;
+  game::NewHighScoreHook = frontend::NewHighScore;
+  game::FinalScreenHook = frontend::FinalScreen;
   core::GameRequest request;
   if (core::TakeGameRequest(request)) {
     frontend::StartRequestedGame(request);

@@ -2,6 +2,7 @@
 
 #include "audio/audio_devices.h"
 #include "bonus/bonus_state.h"
+#include "fuse/fuse_state.h"
 #include "display/bitmap_text.h"
 #include "display/surface.h"
 #include "frame/catalogue.h"
@@ -69,6 +70,7 @@ void ExposeProgramState() {
   vars::Expose("MusicTrack", s.MusicTrack);
   game::ExposeGameState();
   bonus::ExposeBonusState();
+  fuse::ExposeFuseState();
   frontend::ExposeFrontState();
   audio::ExposeAudioState();
   NameAssetSurfaces();

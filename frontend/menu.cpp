@@ -37,7 +37,7 @@ void LoadBadges(int variantWidth, int variantHeight, int typeWidth, int typeHeig
 void EnterMenu() {
   ReadHighScoresFile();
   ReadSettingsFile();
-  // The fuse game is not here yet: a stored Wickory choice plays Classic.
+  // With Wickory closed a stored Wickory choice plays Classic.
   if (!kWickoryOpen && core::Settings.GameVariant == 2) core::Settings.GameVariant = 0;
   Front.StartRequest = 0;
   display::LoadSurface(display::Display.Backdrop, "\\graphics\\menu.bmp", 800, 600);

@@ -17,8 +17,8 @@ void DrawMenu();
 // sequence without saving, as if the start button had been used.
 void StartRequestedGame(const core::GameRequest& request);
 
-// Until the fuse game lands, Wickory is shown dimmed and cannot be chosen.
-inline constexpr bool kWickoryOpen = false;
+// Wickory can be chosen (false shows it dimmed and a stored choice plays Classic).
+inline constexpr bool kWickoryOpen = true;
 
 // Click rectangles: a < x < b and c < y < d, or a <= x <= b, c <= y <= d.
 struct HitRect {

@@ -3,7 +3,10 @@
 #include "audio/sound_effects.h"
 #include "core/hooks.h"
 #include "display/assets.h"
+#include "core/settings.h"
 #include "display/surface.h"
+#include "fuse/fuse_field.h"
+#include "fuse/fuse_state.h"
 #include "game/game_loop.h"
 #include "game/game_state.h"
 #include "game/playfield.h"
@@ -16,7 +19,10 @@ namespace {
 using display::Assets;
 
 void ShowFrame() {
-  DrawPlayfield();
+  if (core::Settings.GameVariant == 2)
+    fuse::DrawFuseField();
+  else
+    DrawPlayfield();
   display::PresentFrame(0);
 }
 
@@ -60,7 +66,7 @@ void PauseScreen() {
   picture.ClipRect = {0, 0, 260, 420};
   display::BltOpaque(saved, 0, 0, 260, 420, field, 0, 0, 260, 420);
   g.HideBomb = 1;
-  // The fuse field's BurnFlag is raised here once the fuse game exists.
+  fuse::Fuse.BurnFlag = 1;  // the charges glow through the pause
 
   Close(saved);
   Open(picture);
@@ -72,6 +78,7 @@ void PauseScreen() {
   Close(picture);
   Open(saved);
   display::BltOpaque(field, 0, 0, 260, 420, saved, 0, 0, 260, 420);
+  fuse::Fuse.BurnFlag = 0;
   input::Controls.PauseRequest = 0;
   core::EnterScreen("play");
 }

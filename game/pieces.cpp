@@ -11,6 +11,8 @@
 #include "display/assets.h"
 #include "display/bitmap_text.h"
 #include "display/surface.h"
+#include "fuse/fuse_field.h"
+#include "fuse/fuse_state.h"
 #include "game/field.h"
 #include "game/game_state.h"
 #include "game/playfield.h"
@@ -49,13 +51,38 @@ void CutSinglePictures(const Surface& sheet, int firstKind, int count) {
   }
 }
 
+// The three fuse sets, the charge and the detonator (set 0 only) and the
+// eight glow tiles.
+void CutFuseSheets(Surface& sheet) {
+  display::LoadSurface(sheet, "\\graphics\\piecefuse1.bmp", 640, 560);
+  CutSheetRows(sheet, 400, 0);
+  CutSinglePictures(sheet, 12, 2);
+  for (int i = 0; i <= 7; ++i) {
+    display::FillSurface(Assets.BlockTiles[i], display::Display.WholeRect, 0);
+    display::BltOpaque(Assets.BlockTiles[i], 0, 0, 20, 20, sheet, 208 + 20 * i, 500, 20, 20);
+  }
+  display::LoadSurface(sheet, "\\graphics\\piecefuse2.bmp", 640, 480);
+  CutSheetRows(sheet, 400, 1);
+  display::LoadSurface(sheet, "\\graphics\\piecefuse3.bmp", 640, 480);
+  CutSheetRows(sheet, 400, 2);
+}
+
+// The variant's frame without the piece.
+void DrawField() {
+  if (core::Settings.GameVariant == 2)
+    fuse::DrawFuseField();
+  else
+    DrawPlayfield();
+}
+
 }  // namespace
 
 void CreatePieces() {
   Surface& sheet = Assets.PieceSheet;
   const int variant = core::Settings.GameVariant;
-  // The Wickory sheets and fuse sets come with the fuse game.
-  if (variant == 0) {
+  if (variant == 2) {
+    CutFuseSheets(sheet);
+  } else if (variant == 0) {
     display::LoadSurface(sheet, "\\graphics\\classicpieces.bmp", 640, 320);
     CutSheetRows(sheet, 320, 0);
   } else {
@@ -63,7 +90,9 @@ void CreatePieces() {
     CutSheetRows(sheet, 400, 0);
     CutSinglePictures(sheet, 12, 4);
   }
-  const char* fill = variant == 0 ? "\\graphics\\classicfill.bmp" : "\\graphics\\bonusfill.bmp";
+  const char* fill = variant == 0   ? "\\graphics\\classicfill.bmp"
+                     : variant == 1 ? "\\graphics\\bonusfill.bmp"
+                                    : "\\graphics\\fusefill.bmp";
   display::LoadSurface(Assets.FillSheet, fill, 100, 20);
   for (int i = 0; i <= 4; ++i) {
     display::FillSurface(Assets.FillTiles[i], display::Display.WholeRect, 0);
@@ -79,8 +108,16 @@ void FreshNex() {
   if (forced) {
     g.NextKind = static_cast<int16_t>(kind);
     g.NextFuse = static_cast<int16_t>(core::Settings.GameVariant == 2 && kind <= 11 ? fuse : 0);
+  } else if (core::Settings.GameVariant == 2) {
+    // A detonator is only dealt while a charge lies in the field.
+    do {
+      g.NextKind = static_cast<int16_t>(core::RandomInt(18));
+      g.NextFuse = static_cast<int16_t>(core::RandomInt(3));
+      if (g.NextKind > 11) g.NextFuse = 0;
+      if (g.NextKind == 14 || g.NextKind == 15) g.NextKind = 12;
+      if (g.NextKind == 16 || g.NextKind == 17) g.NextKind = 13;
+    } while (g.NextKind == 13 && fuse::Fuse.ChargeCount == 0);
   } else {
-    // Classic and Bonus; the Wickory draw comes with the fuse game.
     g.NextKind = static_cast<int16_t>(core::RandomInt(g.KindCount));
     g.NextFuse = 0;
     if (g.NextKind == 12) g.NextKind = static_cast<int16_t>(core::RandomInt(4, 12));
@@ -93,7 +130,7 @@ void FreshNex() {
   if (k >= 8 && k <= 10) y -= 5;
   if (k > 11) y -= 5;
   g.NextPos[1] = static_cast<int16_t>(y);
-  core::NoteDraw(g.NextKind, g.NextFuse, 0, forced);
+  core::NoteDraw(g.NextKind, g.NextFuse, fuse::Fuse.ChargeCount, forced);
 }
 
 void FreshCurrent() {
@@ -124,7 +161,7 @@ void FreshCurrent() {
     if (y > endY) y = endY;
     if (x > endX) --x;
     else if (x < endX) ++x;
-    DrawPlayfield();
+    DrawField();
     display::BltKeyed(back, x, y, s, s, sprite0, 0, 0, 80, 80);
     display::PresentFrame(0);
   }
@@ -153,7 +190,7 @@ void FreshCurrent() {
     display::BltOpaque(Assets.StatusImage, dx, 10 + 30 * kind, 10, 10, display::Text.StatDigits[*it - '0'], 0, 0, 10,
                        10);
 
-  DrawPlayfield();
+  DrawField();
   display::BltKeyed(back, g.PieceX + 181, g.PieceY + 147, 80, 80, Assets.PieceSprites[kind][g.PieceRot][g.PieceFuse],
                     0, 0, 80, 80);
   display::PresentFrame(0);

@@ -8,6 +8,10 @@
 #include "core/settings.h"
 #include "display/assets.h"
 #include "display/surface.h"
+#include "fuse/fuse_field.h"
+#include "fuse/fuse_game.h"
+#include "fuse/fuse_state.h"
+#include "fuse/rocks.h"
 #include "game/field.h"
 #include "game/game_loop.h"
 #include "game/game_state.h"
@@ -26,6 +30,15 @@ using display::Assets;
 // A speed of 0.001 to 3 pixels a frame, either way.
 double RandomSpeed() { return (core::RandomInt(3000) + 1) / 1000.0; }
 
+bool Wickory() { return core::Settings.GameVariant == 2; }
+
+void DrawField() {
+  if (Wickory())
+    fuse::DrawFuseField();
+  else
+    DrawPlayfield();
+}
+
 void ResetGame() {
   GameState& g = Game;
   core::MenuSettings& s = core::Settings;
@@ -39,6 +52,7 @@ void ResetGame() {
   g.FieldBlitOff = 0;
   g.Lines = g.LinesShown = (s.GameVariant < 2 && s.PlayType == 1) ? 30 : 0;
   g.Score = g.ScoreShown = 0;
+  fuse::Fuse.ChargeCount = 0;
   g.KindCount = s.GameVariant == 0 ? 7 : s.GameVariant == 1 ? 13 : 16;
   FreshNex();
 }
@@ -76,7 +90,7 @@ void OpeningTransition() {
       d.DY += 0.1;
     }
     display::PresentFrame(0);
-    DrawPlayfield();
+    DrawField();
   }
   g.HideBomb = 1;
 }
@@ -95,11 +109,23 @@ void BeginGame() {
   GameState& g = Game;
   core::EnterScreen("play");
   OfferFieldPainter(true);
+  if (Wickory()) {
+    core::SetFieldPainter(fuse::PaintFuseFieldRow);
+    core::SetFieldStamper(fuse::StampPiece);
+  }
   ResetGame();
   for (int i = 0; i <= 2; ++i) display::FillSurface(Assets.FieldSurfaces[i], display::Rect{0, 0, 260, 420}, 0);
   OpeningTransition();
 
-  // The Wickory rocks come with the fuse game.
+  if (Wickory()) {
+    fuse::DropStartRocks();
+    FreshCurrent();
+    fuse::FuseGame();
+    core::SetFieldStamper(nullptr);
+    OfferFieldPainter(false);
+    return;
+  }
+
   const double height = core::Settings.StartHeight;
   const int rows = GarbageRows(height);
   if (rows > 0) DropGarbageRows(rows);

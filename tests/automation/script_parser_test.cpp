@@ -135,7 +135,7 @@ TEST(ScriptParser, BadLinesNameTheirFileAndLine) {
             "t.vs:1: \"Bob\" is not a value: write a number, true, false or a \"double-quoted string\"");
   EXPECT_EQ(ErrorOf("0 set Name \"Bob\n"), "t.vs:1: a quoted string has no closing quote");
   EXPECT_EQ(ErrorOf("0 field 21 .............\n"), "t.vs:1: ROW must be a whole number from 0 to 20, not \"21\"");
-  EXPECT_EQ(ErrorOf("0 field 3 ....\n"), "t.vs:1: CELLS must be 13 of . 0 1 2 3 4 #, not \"....\"");
+  EXPECT_EQ(ErrorOf("0 field 3 ....\n"), "t.vs:1: CELLS must be 13 of . 0 1 2 3 4 # r, not \"....\"");
   EXPECT_EQ(ErrorOf("0 next 16\n"), "t.vs:1: KIND must be a whole number from 0 to 15, not \"16\"");
   EXPECT_EQ(ErrorOf("0 next 3 3\n"), "t.vs:1: FUSE must be a whole number from 0 to 2, not \"3\"");
   EXPECT_EQ(ErrorOf("0 file put ../../etc/passwd x\n"),
