@@ -95,7 +95,9 @@ TEST(PieceSupply, NoDetonatorIsDealtWhileNoChargeLies) {
   int withoutCharge = 0;
   for (const auto& draw : Records(d, "draws")) {
     const int kind = std::stoi(draw[1]), fuse = std::stoi(draw[2]), charges = std::stoi(draw[3]);
-    if (kind > 11) EXPECT_EQ(fuse, 0);
+    if (kind > 11) {
+      EXPECT_EQ(fuse, 0);
+    }
     if (charges == 0) {
       ++withoutCharge;
       EXPECT_NE(kind, 13);
