@@ -319,11 +319,14 @@ class LineParser {
     Command& c = out_.command;
     int act = Choice("the file action", {"put", "remove"});
     c.op = act == 0 ? Op::FilePut : Op::FileRemove;
-    std::string name = Word("the home file's name");
+    const std::string written = Word("the home file's name");
+    std::string name = written;
     for (char& ch : name) {
       if (ch == '\\') ch = '/';
     }
-    if (!name.empty() && name[0] == '/') name.erase(0, 1);
+    // A script names home files, never a place outside the home folder.
+    if (!name.empty() && name[0] == '/') Bad("\"" + written + "\" is an absolute path: name a home file");
+    if (name.find("..") != std::string::npos) Bad("\"" + written + "\" leaves the home folder: name a home file");
     if (name != "VSys/hs.inf" && name != "VSys/maindata.inf" && name != "settings.ini")
       Bad("the home files are VSys/hs.inf, VSys/maindata.inf and settings.ini, not \"" + name + "\"");
     c.text1 = name;

@@ -1,5 +1,5 @@
-# Desktop integration: the launcher entry, the software centre's description
-# and the icons. The binary and the data folder are installed by the caller.
+# Desktop integration: the launcher entry, the software centre's description,
+# the icons and the manual page. The binary and the data folder are installed by the caller.
 set(VORREL_APP_ID io.github.vorrelworks.Vorrel)
 set(VORREL_ICON_SIZES 16 32 48 64 128 256)
 
@@ -11,6 +11,7 @@ install(FILES ${CMAKE_BINARY_DIR}/packaging/${VORREL_APP_ID}.desktop
         DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${CMAKE_BINARY_DIR}/packaging/${VORREL_APP_ID}.metainfo.xml
         DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+install(FILES ${CMAKE_SOURCE_DIR}/packaging/vorrel.6 DESTINATION ${CMAKE_INSTALL_MANDIR}/man6)
 
 # The icons need Cairo, which only the data generator's build finds; with a
 # ready data folder the launcher falls back to the desktop's generic icon.
@@ -45,6 +46,7 @@ if(VORREL_BUILD_DATA AND NOT VORREL_DATA_DIR)
         -DICON_SIZES=${icon_sizes}
         -DBINDIR=${CMAKE_INSTALL_BINDIR}
         -DDATADIR=${CMAKE_INSTALL_DATADIR}
+        -DMANDIR=${CMAKE_INSTALL_MANDIR}
         -DDEFAULT_DATA=${CMAKE_INSTALL_FULL_DATADIR}/vorrel
         -P ${CMAKE_SOURCE_DIR}/cmake/install_check.cmake)
     set_tests_properties(install_check PROPERTIES TIMEOUT 300)

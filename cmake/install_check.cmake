@@ -1,7 +1,8 @@
 # Run by the install_check test (cmake -P): installs the build into PREFIX,
-# checks the desktop files against one another, then plays a few frames of the
+# checks the desktop files against one another and the manual page against
+# the options the game lists, then plays a few frames of the
 # installed game without --data.
-foreach(var BUILD_DIR PREFIX APP_ID ICON_SIZES BINDIR DATADIR DEFAULT_DATA)
+foreach(var BUILD_DIR PREFIX APP_ID ICON_SIZES BINDIR DATADIR MANDIR DEFAULT_DATA)
   if(NOT DEFINED ${var})
     message(FATAL_ERROR "install_check: ${var} not given")
   endif()
@@ -89,6 +90,29 @@ endforeach()
 if(xml MATCHES "@[A-Za-z_]+@")
   message(FATAL_ERROR "${metainfo}: ${CMAKE_MATCH_0} left unconfigured")
 endif()
+
+# The manual page, in section 6, names every option the installed game lists.
+set(manpage ${PREFIX}/${MANDIR}/man6/${exec_name}.6)
+if(NOT EXISTS ${manpage})
+  message(FATAL_ERROR "no manual page ${manpage}")
+endif()
+file(READ ${manpage} man)
+if(NOT man MATCHES "(^|\n)[.]TH [A-Z]+ 6 ")
+  message(FATAL_ERROR "${manpage}: no .TH line for section 6")
+endif()
+string(REPLACE "\\-" "-" man "${man}")
+execute_process(COMMAND ${PREFIX}/${BINDIR}/${exec_name} --help RESULT_VARIABLE rc OUTPUT_VARIABLE usage
+                ERROR_VARIABLE usage TIMEOUT 60)
+string(REGEX MATCHALL "--[a-z-]+" options "${usage}")
+if(NOT rc EQUAL 0 OR NOT options)
+  message(FATAL_ERROR "the installed game's --help ended with ${rc}:\n${usage}")
+endif()
+foreach(option IN LISTS options)
+  string(FIND "${man}" "${option}" at)
+  if(at EQUAL -1)
+    message(FATAL_ERROR "${manpage} does not describe ${option}")
+  endif()
+endforeach()
 
 # The game finds the data beside itself only in the usual bin/ and share/ layout.
 if(NOT BINDIR STREQUAL "bin" OR NOT DATADIR STREQUAL "share")

@@ -159,7 +159,7 @@ Ops Build() {
       return true;
     };
   } else if constexpr (std::is_integral_v<T> || std::is_enum_v<T>) {
-    using I = std::conditional_t<std::is_enum_v<T>, std::underlying_type<T>, std::type_identity<T>>::type;
+    using I = typename std::conditional_t<std::is_enum_v<T>, std::underlying_type<T>, std::type_identity<T>>::type;
     o.kind = Kind::Integer;
     o.lo = static_cast<long long>(std::numeric_limits<I>::min());
     o.hi = std::numeric_limits<I>::max() > static_cast<unsigned long long>(std::numeric_limits<long long>::max())

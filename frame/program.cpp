@@ -206,6 +206,7 @@ int RunProgram(int argc, char** argv) {
   platform::SetDataFolder(data);
   platform::SetHomeFolder(options.homeDir);
 
+  platform::CatchQuitSignals();
   platform::SetCurrent(options.headless ? platform::MakeHeadlessBackend() : platform::MakeSdlBackend(options.windowed));
   try {
     automation::Configure(options);

@@ -1,12 +1,17 @@
 #include "platform/backend.h"
 
 #include <algorithm>
+#include <csignal>
 #include <cstdlib>
 
 namespace platform {
 namespace {
 std::unique_ptr<Backend> current;
 bool quitRequested = false;
+// Set by the signal handler, so only a sig_atomic_t written once; the passes read it.
+volatile std::sig_atomic_t quitSignalled = 0;
+
+extern "C" void OnQuitSignal(int) { quitSignalled = 1; }
 }  // namespace
 
 Backend& Current() {
@@ -17,8 +22,19 @@ Backend& Current() {
 void SetCurrent(std::unique_ptr<Backend> backend) { current = std::move(backend); }
 
 void RequestQuit() { quitRequested = true; }
-bool QuitRequested() { return quitRequested; }
-void ClearQuitRequest() { quitRequested = false; }
+bool QuitRequested() { return quitRequested || quitSignalled != 0; }
+void ClearQuitRequest() { quitRequested = false, quitSignalled = 0; }
+
+void CatchQuitSignals() {
+  struct sigaction action = {};
+  action.sa_handler = OnQuitSignal;
+  sigemptyset(&action.sa_mask);
+  // The first signal asks for the orderly quit; a second one, should the
+  // game not get there, ends the process as usual.
+  action.sa_flags = SA_RESETHAND | SA_RESTART;
+  sigaction(SIGTERM, &action, nullptr);
+  sigaction(SIGINT, &action, nullptr);
+}
 
 int32_t ScaleJoystickAxis(int32_t raw) {
   // Dead zone 10 % and saturation 95 % of the travel, then -1000..1000.

@@ -77,10 +77,14 @@ void SetCurrent(std::unique_ptr<Backend> backend);
 std::unique_ptr<Backend> MakeSdlBackend(bool windowed);
 std::unique_ptr<Backend> MakeHeadlessBackend();
 
-// The orderly quit: the window's close button, the automation's quit and the
-// frame or tick limits ask for it; the game's next pass leaves through ExitProgram.
+// The orderly quit: the window's close button, SIGTERM and SIGINT, the
+// automation's quit and the frame or tick limits ask for it; the game's next
+// pass leaves through ExitProgram.
 void RequestQuit();
 bool QuitRequested();
 void ClearQuitRequest();
+// Makes SIGTERM and SIGINT ask for the orderly quit. Installed before SDL
+// starts, which then leaves these signals to us.
+void CatchQuitSignals();
 
 }  // namespace platform

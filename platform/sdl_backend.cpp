@@ -21,6 +21,7 @@ namespace {
 class SdlBackend final : public Backend {
  public:
   explicit SdlBackend(bool windowed) : windowed_(windowed) {
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");  // SIGTERM and SIGINT are ours (CatchQuitSignals)
     start_ = SDL_GetPerformanceCounter();
     countsPerMs_ = SDL_GetPerformanceFrequency() / 1000.0;
   }

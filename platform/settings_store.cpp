@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <istream>
 #include <limits>
 
 #include "core/hooks.h"
@@ -44,6 +45,11 @@ std::optional<std::string> ReadIniValue(const std::string& path, const std::stri
                                         const std::string& name) {
   std::ifstream in(path, std::ios::binary);
   if (!in) return std::nullopt;
+  return FindIniValue(in, path, section, name);
+}
+
+std::optional<std::string> FindIniValue(std::istream& in, const std::string& path, const std::string& section,
+                                        const std::string& name) {
   std::optional<std::string> found;
   std::string current, raw;
   int lineNo = 0;

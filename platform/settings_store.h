@@ -2,6 +2,7 @@
 // (settings.ini, section [Settings]). The game only ever reads it.
 #pragma once
 #include <cstdint>
+#include <iosfwd>
 #include <optional>
 #include <string>
 
@@ -14,6 +15,9 @@ std::optional<std::string> ReadSettingsValue(const std::string& section, const s
 
 // The same lookup in a given file (for the tests and any other store).
 std::optional<std::string> ReadIniValue(const std::string& path, const std::string& section,
+                                        const std::string& name);
+// The same over a stream already open; path only names it in messages.
+std::optional<std::string> FindIniValue(std::istream& in, const std::string& path, const std::string& section,
                                         const std::string& name);
 
 // A text as a number the way the store's values are read: its numeric

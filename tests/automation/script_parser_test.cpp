@@ -64,7 +64,7 @@ TEST(ScriptParser, EveryCommand) {
       "0 set HighScores[3][1][0] \"Zed \\\"Z\\\"\"\n0 set StartHeight -2.5e1\n0 set AppRunning false\n"
       "0 field 20 #....01234.##\n"
       "0 next 13 2\n0 next 4\n"
-      "0 file remove \\VSys\\hs.inf\n"
+      "0 file remove VSys\\hs.inf\n"
       "0 dump \"out dir/a.json\"\n0 shot a.png\n0 shot b.png PieceSprites[12][0][0]\n",
       "t.vs");
   ASSERT_EQ(lines.size(), 28u);
@@ -138,8 +138,16 @@ TEST(ScriptParser, BadLinesNameTheirFileAndLine) {
   EXPECT_EQ(ErrorOf("0 field 3 ....\n"), "t.vs:1: CELLS must be 13 of . 0 1 2 3 4 # r, not \"....\"");
   EXPECT_EQ(ErrorOf("0 next 16\n"), "t.vs:1: KIND must be a whole number from 0 to 15, not \"16\"");
   EXPECT_EQ(ErrorOf("0 next 3 3\n"), "t.vs:1: FUSE must be a whole number from 0 to 2, not \"3\"");
+  // A home file's name never reaches outside the home folder, whichever way the slashes lean.
   EXPECT_EQ(ErrorOf("0 file put ../../etc/passwd x\n"),
-            "t.vs:1: the home files are VSys/hs.inf, VSys/maindata.inf and settings.ini, not \"../../etc/passwd\"");
+            "t.vs:1: \"../../etc/passwd\" leaves the home folder: name a home file");
+  EXPECT_EQ(ErrorOf("0 file remove VSys\\..\\settings.ini\n"),
+            "t.vs:1: \"VSys\\..\\settings.ini\" leaves the home folder: name a home file");
+  EXPECT_EQ(ErrorOf("0 file remove /VSys/hs.inf\n"), "t.vs:1: \"/VSys/hs.inf\" is an absolute path: name a home file");
+  EXPECT_EQ(ErrorOf("0 file remove \\VSys\\hs.inf\n"),
+            "t.vs:1: \"\\VSys\\hs.inf\" is an absolute path: name a home file");
+  EXPECT_EQ(ErrorOf("0 file remove VSys/other.inf\n"),
+            "t.vs:1: the home files are VSys/hs.inf, VSys/maindata.inf and settings.ini, not \"VSys/other.inf\"");
   EXPECT_EQ(ErrorOf("0 file put settings.ini /no/such/file\n"), "t.vs:1: no file to copy at \"/no/such/file\"");
   EXPECT_EQ(ErrorOf("0 dump\n"), "t.vs:1: missing the dump's file name");
 

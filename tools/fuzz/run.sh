@@ -1,15 +1,72 @@
 #!/bin/sh
-# Fuzzes the bitmap reader with libFuzzer and AddressSanitizer for a fixed
-# number of inputs, starting from a few well-formed files.
-#   tools/fuzz/run.sh [RUNS]      (default 200000; needs clang++)
-# Builds into build-fuzz/ beside the sources; a crash leaves its input there.
+# Fuzzes the readers of outside input with libFuzzer, AddressSanitizer and
+# UndefinedBehaviorSanitizer, each target for a fixed number of inputs from a
+# few well-formed seeds:
+#   bmp       the bitmap reader
+#   script    the script parser (parsing only: no line is run)
+#   vsys      the VSys/maindata.inf and VSys/hs.inf readers
+#   settings  the settings store (settings.ini)
+#   tools/fuzz/run.sh [RUNS [TARGET...]]   (default 200000, every target; needs clang++)
+# Builds into build-fuzz/ beside the sources; a crash leaves its input there
+# as build-fuzz/TARGET-crash-*, and each target's log is build-fuzz/TARGET.log.
 set -eu
 cd "$(dirname "$0")/../.."
 runs=${1:-200000}
+[ $# -gt 0 ] && shift
+targets=${*:-bmp script vsys settings}
 out=build-fuzz
-mkdir -p "$out/corpus"
-clang++ -std=c++20 -O1 -g -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=undefined -I. \
-  tools/fuzz/bmp_fuzz.cpp platform/bmp_file.cpp -o "$out/bmp_fuzz"
-clang++ -std=c++20 -O1 -I. tools/fuzz/seed_bitmaps.cpp platform/bmp_file.cpp -o "$out/seed_bitmaps"
-"$out/seed_bitmaps" "$out/corpus"
-"$out/bmp_fuzz" -runs="$runs" -seed=1 -max_len=4096 -artifact_prefix="$out/" "$out/corpus"
+flags="-std=c++20 -O1 -g -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=undefined -I."
+
+build() {  # NAME SOURCES...
+  name=$1
+  shift
+  # shellcheck disable=SC2086
+  clang++ $flags "$@" -o "$out/${name}_fuzz"
+}
+
+seed_bmp() {
+  clang++ -std=c++20 -O1 -I. tools/fuzz/seed_bitmaps.cpp platform/bmp_file.cpp -o "$out/seed_bitmaps"
+  "$out/seed_bitmaps" "$1"
+}
+
+seed_script() {
+  cp tests/golden/*.vs "$1/"
+  printf '0 file put VSys/hs.inf seed.inf\n0 file remove settings.ini\n@menu +3p set HighScores[2][1][0] "ann"\n+2 field 20 #############\n@play dump d.json\n' \
+    >"$1/commands.vs"
+}
+
+seed_vsys() {
+  printf '1\r\n2\r\n5\r\n3.5\r\n1\r\n5\r\n1\r\n1\r\n0\r\n12\r\n' >"$1/maindata.inf"
+  i=0
+  : >"$1/hs.inf"
+  while [ $i -lt 35 ]; do
+    printf '"Name %d"\r\n%d\r\n%d\r\n%d\r\n' $i $((100000 - i * 997)) $((i * 3)) $((i % 21)) >>"$1/hs.inf"
+    i=$((i + 1))
+  done
+}
+
+seed_settings() {
+  printf '\357\273\277; the player'"'"'s settings\r\n[Settings]\r\nMusicVolume = "-1.25e2"\r\n[Other]\r\nx=1\r\n' \
+    >"$1/settings.ini"
+}
+
+mkdir -p "$out"
+for target in $targets; do
+  case $target in
+    bmp) build bmp tools/fuzz/bmp_fuzz.cpp platform/bmp_file.cpp ;;
+    script) build script tools/fuzz/script_fuzz.cpp automation/script.cpp core/key_names.cpp core/hooks.cpp ;;
+    vsys) build vsys tools/fuzz/vsys_fuzz.cpp frontend/vsys_files.cpp frontend/front_state.cpp core/settings.cpp \
+        core/table.cpp core/variables.cpp core/json_writer.cpp core/hooks.cpp platform/paths.cpp \
+        display/surfaces.cpp platform/bmp_file.cpp ;;
+    settings) build settings tools/fuzz/settings_fuzz.cpp platform/settings_store.cpp platform/paths.cpp core/hooks.cpp ;;
+    *) echo "run.sh: no fuzz target $target (bmp, script, vsys, settings)" >&2; exit 2 ;;
+  esac
+  corpus="$out/corpus-$target"
+  mkdir -p "$corpus"
+  "seed_$target" "$corpus"
+  echo "fuzzing $target for $runs inputs (log: $out/$target.log)"
+  # -timeout: an input that takes seconds is a hang, reported like a crash.
+  "$out/${target}_fuzz" -runs="$runs" -seed=1 -max_len=8192 -timeout=10 -artifact_prefix="$out/$target-" \
+    "$corpus" >"$out/$target.log" 2>&1 || { tail -n 40 "$out/$target.log"; exit 1; }
+  tail -n 1 "$out/$target.log"
+done
