@@ -6,11 +6,11 @@
 #   script    the script parser (parsing only: no line is run)
 #   vsys      the VSys/maindata.inf and VSys/hs.inf readers
 #   settings  the settings store (settings.ini)
-#   tools/fuzz/run.sh [RUNS [TARGET...]]   (default 200000, every target; needs clang++)
+#   fuzz/run.sh [RUNS [TARGET...]]   (default 200000, every target; needs clang++)
 # Builds into build-fuzz/ beside the sources; a crash leaves its input there
 # as build-fuzz/TARGET-crash-*, and each target's log is build-fuzz/TARGET.log.
 set -eu
-cd "$(dirname "$0")/../.."
+cd "$(dirname "$0")/.."
 runs=${1:-200000}
 [ $# -gt 0 ] && shift
 targets=${*:-bmp script vsys settings}
@@ -25,7 +25,7 @@ build() {  # NAME SOURCES...
 }
 
 seed_bmp() {
-  clang++ -std=c++20 -O1 -I. tools/fuzz/seed_bitmaps.cpp platform/bmp_file.cpp -o "$out/seed_bitmaps"
+  clang++ -std=c++20 -O1 -I. fuzz/seed_bitmaps.cpp platform/bmp_file.cpp -o "$out/seed_bitmaps"
   "$out/seed_bitmaps" "$1"
 }
 
@@ -53,12 +53,12 @@ seed_settings() {
 mkdir -p "$out"
 for target in $targets; do
   case $target in
-    bmp) build bmp tools/fuzz/bmp_fuzz.cpp platform/bmp_file.cpp ;;
-    script) build script tools/fuzz/script_fuzz.cpp automation/script.cpp core/key_names.cpp core/hooks.cpp ;;
-    vsys) build vsys tools/fuzz/vsys_fuzz.cpp frontend/vsys_files.cpp frontend/front_state.cpp core/settings.cpp \
+    bmp) build bmp fuzz/bmp_fuzz.cpp platform/bmp_file.cpp ;;
+    script) build script fuzz/script_fuzz.cpp automation/script.cpp core/key_names.cpp core/hooks.cpp ;;
+    vsys) build vsys fuzz/vsys_fuzz.cpp frontend/vsys_files.cpp frontend/front_state.cpp core/settings.cpp \
         core/table.cpp core/variables.cpp core/json_writer.cpp core/hooks.cpp platform/paths.cpp \
         display/surfaces.cpp platform/bmp_file.cpp ;;
-    settings) build settings tools/fuzz/settings_fuzz.cpp platform/settings_store.cpp platform/paths.cpp core/hooks.cpp ;;
+    settings) build settings fuzz/settings_fuzz.cpp platform/settings_store.cpp platform/paths.cpp core/hooks.cpp ;;
     *) echo "run.sh: no fuzz target $target (bmp, script, vsys, settings)" >&2; exit 2 ;;
   esac
   corpus="$out/corpus-$target"
