@@ -79,6 +79,10 @@ bool Advance(int i) {
   if (IsFuse(Pixel(x + 1, y))) moved = true, nx = x + 1;
   if (IsFuse(Pixel(x, y - 1))) moved = true, ny = y - 1;
   if (IsFuse(Pixel(x, y + 1))) moved = true, ny = y + 1;
+  // Rule: with the table full the diagonal's side branches could not spawn,
+  // so the head would burn nothing new and might wander burnt pixels for
+  // ever; it takes the vertical branch alone, a fuse pixel, and the crawl ends.
+  if (nx != x && ny != y && f.FireHeadCount >= kHeadLimit) nx = x;
   if (!moved) {
     f.FireHeads[i] = f.FireHeads[f.FireHeadCount];
     f.FireHeadCount = static_cast<int16_t>(f.FireHeadCount - 1);

@@ -58,4 +58,5 @@ TEST(GoldenPlay, ClassicBWonByTheLastLines) { Golden("classic_b"); }
 TEST(GoldenPlay, ClassicCWithADetonation) { Golden("classic_c"); }
 TEST(GoldenPlay, BonusAWithoutBonusPieces) { Golden("bonus_a"); }
 TEST(GoldenPlay, BonusAWithEveryBonusEffect) { Golden("bonus_effects"); }
+TEST(GoldenPlay, WickoryAWithAFaultASuccessAndARock) { Golden("wickory_a"); }
 TEST(GoldenPlay, TheRoadFromStartUpThroughALostGameBackToTheMenu) { Golden("road"); }
