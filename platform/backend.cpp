@@ -23,7 +23,10 @@ void SetCurrent(std::unique_ptr<Backend> backend) { current = std::move(backend)
 
 void RequestQuit() { quitRequested = true; }
 bool QuitRequested() { return quitRequested || quitSignalled != 0; }
-void ClearQuitRequest() { quitRequested = false, quitSignalled = 0; }
+void ClearQuitRequest() {
+  quitRequested = false;
+  quitSignalled = 0;
+}
 
 void CatchQuitSignals() {
   struct sigaction action = {};
