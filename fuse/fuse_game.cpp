@@ -17,67 +17,24 @@
 #include "game/game_loop.h"
 #include "game/game_state.h"
 #include "game/pieces.h"
+#include "game/piece_moves.h"
 #include "input/control_mapping.h"
 
 namespace fuse {
 
 namespace {
 
+using game::CellX;
+using game::CellY;
 using game::Game;
 using input::Controls;
 
 uint32_t Tick() { return display::GetTick(); }
 
-int CellX(int rot, int i) { return Game.PieceX + Game.PieceCells[rot][i][0]; }
-int CellY(int rot, int i) { return Game.PieceY + Game.PieceCells[rot][i][1]; }
-
-bool SidewaysAllowed(int dx) {
-  bool allowed = true;
-  for (int i = 0; i <= 4; ++i) {
-    const int x = CellX(Game.PieceRot, i) + dx, y = CellY(Game.PieceRot, i);
-    if (dx < 0 ? x < 0 : x > game::kFieldWidth) allowed = false;
-    if (game::Occupied(x, y) && y > 0) allowed = false;
-  }
-  return allowed;
-}
-
-bool FlipAllowed(int rot) {
-  bool allowed = true;
-  for (int i = 0; i <= 4; ++i) {
-    const int x = CellX(rot, i), y = CellY(rot, i);
-    if (y > game::kFieldHeight || x < 0 || x > game::kFieldWidth) allowed = false;
-    if (game::Occupied(x, y) && y > 0) allowed = false;
-  }
-  return allowed;
-}
-
-bool FallAllowed() {
-  bool allowed = true;
-  for (int i = 0; i <= 4; ++i) {
-    const int x = CellX(Game.PieceRot, i), y = CellY(Game.PieceRot, i);
-    if (y + 20 > game::kFieldHeight) allowed = false;
-    if (game::Occupied(x, y + 20)) allowed = false;
-  }
-  return allowed;
-}
-
-void ShowFrame() {
+void DrawFrame() {
   DrawFuseField();
   display::BltKeyed(display::Display.BackBuffer, Game.PieceX + game::kFieldLeft, Game.PieceY + game::kFieldTop, 80,
                     80, display::Assets.PieceSprites[Game.PieceKind][Game.PieceRot][Game.PieceFuse], 0, 0, 80, 80);
-  display::PresentFrame(0);
-}
-
-void Slide(int step, bool& latch, int32_t& repeatTime) {
-  latch = true;
-  const int level = core::Settings.Level;
-  repeatTime = static_cast<int32_t>(Tick()) + (Game.DropDelay[level] >= 100 ? 100 : 170 - 5 * level);
-  audio::PlaySoundEffect(2);
-  for (int i = 0; i < 3; ++i) {
-    Game.PieceX = static_cast<int16_t>(Game.PieceX + step);
-    ShowFrame();
-  }
-  Game.PieceX = static_cast<int16_t>(Game.PieceX + step);
 }
 
 void Land() {
@@ -122,36 +79,13 @@ void FuseGame() {
   g.NextDropTime = static_cast<int32_t>(Tick()) + g.DropDelay[core::Settings.Level];
   while (core::Run.AppRunning) {
     g.FlipAction = 0;  // never set here: a flip always rotates
-    input::ControlCheck();
-    if (Controls.PauseRequest == 1) game::PauseScreen();
-    if (Controls.KeyLeft && Controls.KeyRight) Controls.KeyLeft = Controls.KeyRight = false;
-
-    if (Controls.KeyLeft && !Controls.LatchLeft && SidewaysAllowed(-20))
-      Slide(-5, Controls.LatchLeft, g.LeftRepeatTime);
-    if (Controls.KeyRight && !Controls.LatchRight && SidewaysAllowed(20))
-      Slide(5, Controls.LatchRight, g.RightRepeatTime);
-
-    if (!Controls.KeyDown) g.SoftDropPoints = 0;
-    if (Controls.KeyDown && !Controls.LatchDown) {
-      g.NextDropTime = static_cast<int32_t>(Tick()) - 1;
-      g.SoftDropPoints = static_cast<int16_t>(g.SoftDropPoints + core::Settings.Level + 1);
-    }
-
-    if (Controls.KeyFlip && !Controls.LatchFlip) {
-      const int target = (g.PieceRot + 1) % 4;
-      if (FlipAllowed(target)) {
-        Controls.LatchFlip = true;
-        g.PieceRot = static_cast<int16_t>(target);
-        audio::PlaySoundEffect(3);
-        ShowFrame();
-      }
-    }
+    game::MovePiece(DrawFrame);
 
     g.GameAlive = 1;
     if (static_cast<int32_t>(Tick()) > g.NextDropTime) {
-      if (FallAllowed()) {
+      if (game::FallAllowed()) {
         g.PieceY = static_cast<int16_t>(g.PieceY + 10);
-        ShowFrame();
+        game::ShowFrame(DrawFrame);
         g.PieceY = static_cast<int16_t>(g.PieceY + 10);
       } else {
         Land();
@@ -164,7 +98,7 @@ void FuseGame() {
       g.NextDropTime = static_cast<int32_t>(Tick()) + g.DropDelay[core::Settings.Level];
     }
 
-    ShowFrame();
+    game::ShowFrame(DrawFrame);
     g.NowTick = static_cast<int32_t>(Tick());
     if (g.NowTick > g.LeftRepeatTime) Controls.LatchLeft = false;
     if (g.NowTick > g.RightRepeatTime) Controls.LatchRight = false;

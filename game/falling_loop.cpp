@@ -16,6 +16,7 @@
 #include "game/game_loop.h"
 #include "game/game_state.h"
 #include "game/line_check.h"
+#include "game/piece_moves.h"
 #include "game/pieces.h"
 #include "game/playfield.h"
 #include "input/control_mapping.h"
@@ -28,78 +29,9 @@ using input::Controls;
 
 uint32_t Tick() { return display::GetTick(); }
 
-int CellX(int rot, int i) { return Game.PieceX + Game.PieceCells[rot][i][0]; }
-int CellY(int rot, int i) { return Game.PieceY + Game.PieceCells[rot][i][1]; }
-
-bool TypeC() { return core::Settings.PlayType == 2 && core::Settings.GameVariant < 2; }
-
-// In Type C the bomb blocks the piece: its square is painted into the field
-// for the length of one collision test only.
-template <class Test>
-bool WithBombPainted(Test test) {
-  const bool typeC = TypeC();
-  if (typeC) PaintField(Game.BombX, Game.BombY, Game.BombX + 40, Game.BombY + 40, 255, 0, 0);
-  const bool result = test();
-  if (typeC) PaintField(Game.BombX, Game.BombY, Game.BombX + 40, Game.BombY + 40, 0, 0, 0);
-  return result;
-}
-
-// Every one of the five entries is probed, even a repeated cell 0; probes
-// above the top row never decide.
-bool SidewaysAllowed(int dx) {
-  return WithBombPainted([dx] {
-    bool allowed = true;
-    for (int i = 0; i <= 4; ++i) {
-      const int x = CellX(Game.PieceRot, i) + dx, y = CellY(Game.PieceRot, i);
-      if (dx < 0 ? x < 0 : x > kFieldWidth) allowed = false;
-      if (Occupied(x, y) && y > 0) allowed = false;
-    }
-    return allowed;
-  });
-}
-
-bool FlipAllowed(int rot) {
-  return WithBombPainted([rot] {
-    bool allowed = true;
-    for (int i = 0; i <= 4; ++i) {
-      const int x = CellX(rot, i), y = CellY(rot, i);
-      if (y > kFieldHeight || x < 0 || x > kFieldWidth) allowed = false;
-      if (Occupied(x, y) && y > 0) allowed = false;
-    }
-    return allowed;
-  });
-}
-
-bool FallAllowed() {
-  return WithBombPainted([] {
-    bool allowed = Game.FlipAction == 0;
-    for (int i = 0; i <= 4; ++i) {
-      const int x = CellX(Game.PieceRot, i), y = CellY(Game.PieceRot, i);
-      if (y + 20 > kFieldHeight) allowed = false;
-      if (Occupied(x, y + 20)) allowed = false;
-    }
-    return allowed;
-  });
-}
-
-void ShowFrame() {
+void DrawFrame() {
   DrawPlayfield();
   DrawPiece();
-  display::PresentFrame(0);
-}
-
-// A sideways move: three frames of 5-pixel slide, the last step shown by the
-// pass's own frame.
-void Slide(int step, bool& latch, int32_t& repeatTime) {
-  latch = true;
-  const int level = core::Settings.Level;
-  repeatTime = static_cast<int32_t>(Tick()) + (Game.DropDelay[level] >= 100 ? 100 : 170 - 5 * level);
-  audio::PlaySoundEffect(2);
-  for (int i = 0; i < 3; ++i) {
-    Game.PieceX = static_cast<int16_t>(Game.PieceX + step);
-    ShowFrame();
-  }
-  Game.PieceX = static_cast<int16_t>(Game.PieceX + step);
 }
 
 void Announce() {
@@ -173,38 +105,14 @@ void StandardGame() {
   g.NextDropTime = static_cast<int32_t>(Tick()) + g.DropDelay[core::Settings.Level];
   while (core::Run.AppRunning) {
     g.FlipAction = 0;
-    input::ControlCheck();
-    if (Controls.PauseRequest == 1) PauseScreen();
-    if (Controls.KeyLeft && Controls.KeyRight) Controls.KeyLeft = Controls.KeyRight = false;
-
-    if (Controls.KeyLeft && !Controls.LatchLeft && SidewaysAllowed(-20))
-      Slide(-5, Controls.LatchLeft, g.LeftRepeatTime);
-    if (Controls.KeyRight && !Controls.LatchRight && SidewaysAllowed(20))
-      Slide(5, Controls.LatchRight, g.RightRepeatTime);
-
-    if (!Controls.KeyDown) g.SoftDropPoints = 0;
-    if (Controls.KeyDown && !Controls.LatchDown) {
-      g.NextDropTime = static_cast<int32_t>(Tick()) - 1;
-      g.SoftDropPoints = static_cast<int16_t>(g.SoftDropPoints + core::Settings.Level + 1);
-    }
-
-    if (Controls.KeyFlip && !Controls.LatchFlip) {
-      const int target = (g.PieceRot + 1) % 4;
-      if (FlipAllowed(target)) {
-        Controls.LatchFlip = true;
-        g.PieceRot = static_cast<int16_t>(target);
-        audio::PlaySoundEffect(3);
-        ShowFrame();
-      }
-      // A bonus piece lands where it is and uses its flip effect, fitting or not.
-      if (g.PieceKind > 11) g.FlipAction = 1;
-    }
+    // A bonus piece lands where it is and uses its flip effect, fitting or not.
+    if (MovePiece(DrawFrame) != FlipResult::None && g.PieceKind > 11) g.FlipAction = 1;
 
     g.GameAlive = 1;
     if (static_cast<int32_t>(Tick()) > g.NextDropTime || g.FlipAction == 1) {
       if (FallAllowed()) {
         g.PieceY = static_cast<int16_t>(g.PieceY + 10);
-        ShowFrame();
+        ShowFrame(DrawFrame);
         g.PieceY = static_cast<int16_t>(g.PieceY + 10);
       } else {
         Land();
@@ -217,7 +125,7 @@ void StandardGame() {
       g.NextDropTime = static_cast<int32_t>(Tick()) + g.DropDelay[core::Settings.Level];
     }
 
-    ShowFrame();
+    ShowFrame(DrawFrame);
     g.NowTick = static_cast<int32_t>(Tick());
     if (g.NowTick > g.LeftRepeatTime) Controls.LatchLeft = false;
     if (g.NowTick > g.RightRepeatTime) Controls.LatchRight = false;
