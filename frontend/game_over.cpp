@@ -13,6 +13,7 @@
 #include "frontend/front_state.h"
 #include "frontend/high_scores.h"
 #include "game/field.h"
+#include "game/blow_up.h"
 #include "game/game_state.h"
 #include "game/playfield.h"
 #include "input/control_mapping.h"
@@ -214,16 +215,7 @@ void GameOver() {
   bool moving = true;
   while (moving) {
     moving = false;
-    display::Surface& field = a.FieldSurfaces[0];
-    display::FillSurface(field, display::Display.WholeRect, 0);
-    for (int i = 0; i < count; ++i) {
-      game::DebrisRecord& r = g.Debris[i];
-      display::BltOpaque(field, r.X, r.Y, 20, 20, a.TileSurfaces[i], 0, 0, 20, 20);
-      r.Y += r.DX;
-      r.DX += r.DY;
-    }
-    display::FillSurface(field, display::Rect{0, 0, 260, 1}, 0);
-    if (h > 0) display::BltKeyed(field, 0, 1, 260, h, a.FieldSurfaces[2], 0, 0, 260, 420);
+    game::UnrollFieldStep(count, h);
     if (h == 0) Play(typeBWon ? 36 : 39, true);
     if (h < 420) {
       h += 2;

@@ -10,6 +10,7 @@
 #include "fuse/fuse_state.h"
 #include "game/field.h"
 #include "game/game_state.h"
+#include "game/playfield.h"
 
 namespace fuse {
 
@@ -17,44 +18,16 @@ namespace {
 
 using display::Assets;
 using display::Surface;
+using game::Counter;
+using game::DrawBanner;
+using game::ScoreStep;
 
 // Phases that step by fractions are kept on whole steps, so that a picture
 // changes on the same frame however long the game runs.
 double Step(double phase, double step) { return std::round((phase + step) / step) * step; }
 
-void Counter(Surface& back, const Surface& label, int labelY, int64_t value) {
-  display::BltKeyed(back, 600, labelY, label.Width, label.Height, label, 0, 0, label.Width, label.Height);
-  display::DrawNumberText(back, 750, labelY + 50, value, display::Text.BigDigits, 27, true);
-}
 
-int32_t ScoreStep(int32_t gap) {
-  if (gap < 500) return 11;
-  if (gap < 5000) return 111;
-  if (gap < 50000) return 1111;
-  if (gap < 500000) return 11111;
-  return 111111;
-}
 
-void DrawBanner(Surface& back) {
-  game::GameState& g = game::Game;
-  const Surface& banner = Assets.FlashSurface;
-  if (g.FlashSlide > 0) {
-    g.FlashSlide -= 5;
-    display::BltKeyed(back, g.FlashX + g.FlashSlide, g.FlashY, g.FlashW - 2 * g.FlashSlide, g.FlashH, banner, 0, 0,
-                      220, 40);
-    if (g.FlashSlide == 0) g.FlashHold = 80;
-  }
-  if (g.FlashHold > 0) {
-    g.FlashHold -= 1;
-    if (g.FlashHold < 40) {
-      g.FlashX += 2;
-      g.FlashY += 0.5;
-      g.FlashW -= 4;
-      g.FlashH -= 1;
-    }
-    display::BltKeyed(back, g.FlashX, g.FlashY, g.FlashW, g.FlashH, banner, 0, 0, 220, 40);
-  }
-}
 
 void AnimateSprites() {
   game::GameState& g = game::Game;

@@ -16,6 +16,7 @@
 #include "fuse/fuse_state.h"
 #include "game/end_hooks.h"
 #include "game/field.h"
+#include "game/blow_up.h"
 #include "game/game_state.h"
 
 namespace fuse {
@@ -71,16 +72,7 @@ void GameOver2() {
   bool moving = true;
   while (moving) {
     moving = false;
-    display::Surface& field = a.FieldSurfaces[0];
-    display::FillSurface(field, display::Display.WholeRect, 0);
-    for (int i = 0; i < count; ++i) {
-      game::DebrisRecord& r = g.Debris[i];
-      display::BltOpaque(field, r.X, r.Y, 20, 20, a.TileSurfaces[i], 0, 0, 20, 20);
-      r.Y += r.DX;
-      r.DX += r.DY;
-    }
-    display::FillSurface(field, display::Rect{0, 0, 260, 1}, 0);
-    if (h > 0) display::BltKeyed(field, 0, 1, 260, h, a.FieldSurfaces[2], 0, 0, 260, 420);
+    game::UnrollFieldStep(count, h);
     if (h == 0) Play(39, true);
     if (h < 420) {
       h += 2;

@@ -37,10 +37,6 @@ std::string NumberText(double n) {
 // every fifth frame exactly however long the game runs.
 double StepFifth(double phase) { return std::round(phase * 5 + 1) / 5; }
 
-void Counter(Surface& back, const Surface& label, int labelY, int64_t value) {
-  display::BltKeyed(back, 600, labelY, label.Width, label.Height, label, 0, 0, label.Width, label.Height);
-  display::DrawNumberText(back, 750, labelY + 50, value, display::Text.BigDigits, 27, true);
-}
 
 void AnimateBonusSprites() {
   GameState& g = Game;
@@ -53,6 +49,23 @@ void AnimateBonusSprites() {
   const int arrow = static_cast<int>(g.BonusAnimB);
   display::BltOpaque(Assets.PieceSprites[14][0][0], 40, 20, 20, 20, Assets.LineArrowImage, 20 * arrow, 0, 20, 20);
   display::BltOpaque(Assets.PieceSprites[13][0][0], 40, 20, 20, 20, Assets.ColumnArrowImage, 20 * arrow, 0, 20, 20);
+}
+
+
+
+}  // namespace
+
+void Counter(Surface& back, const Surface& label, int labelY, int64_t value) {
+  display::BltKeyed(back, 600, labelY, label.Width, label.Height, label, 0, 0, label.Width, label.Height);
+  display::DrawNumberText(back, 750, labelY + 50, value, display::Text.BigDigits, 27, true);
+}
+
+int32_t ScoreStep(int32_t gap) {
+  if (gap < 500) return 11;
+  if (gap < 5000) return 111;
+  if (gap < 50000) return 1111;
+  if (gap < 500000) return 11111;
+  return 111111;
 }
 
 void DrawBanner(Surface& back) {
@@ -75,17 +88,6 @@ void DrawBanner(Surface& back) {
     display::BltKeyed(back, g.FlashX, g.FlashY, g.FlashW, g.FlashH, banner, 0, 0, 220, 40);
   }
 }
-
-// The shown score catches up in steps that grow with the gap.
-int32_t ScoreStep(int32_t gap) {
-  if (gap < 500) return 11;
-  if (gap < 5000) return 111;
-  if (gap < 50000) return 1111;
-  if (gap < 500000) return 11111;
-  return 111111;
-}
-
-}  // namespace
 
 void MakeBackground() {
   core::MenuSettings& s = core::Settings;

@@ -2,6 +2,9 @@
 // (or the Type C height), and the field, bomb, frame, preview, panel,
 // counters and score banner on the back buffer.
 #pragma once
+#include <cstdint>
+
+#include "display/surface.h"
 
 namespace game {
 
@@ -14,6 +17,12 @@ void DrawPlayfield();
 void DrawTypeCBomb(int fieldY);
 // The bomb's picture for the current BombFrame at a screen position.
 void DrawBombPictures(double x, double y);
+// A counter's label at (600, labelY) and its big digits right-aligned at x = 750 below it.
+void Counter(display::Surface& back, const display::Surface& label, int labelY, int64_t value);
+// The shown score catches up in steps that grow with the gap.
+int32_t ScoreStep(int32_t gap);
+// The score banner's slide, hold and shrink, one step a frame.
+void DrawBanner(display::Surface& back);
 // "Draw the piece": the falling piece's sprite at its box, with its sparks.
 void DrawPiece();
 
