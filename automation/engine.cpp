@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "automation/internal.h"
+#include "automation/kept_games.h"
 #include "automation/record.h"
 #include "core/errors.h"
 #include "core/json_writer.h"
@@ -55,6 +56,9 @@ std::optional<Point> Reached(const Engine& e, const Moment& m) {
       if (it != e.visitStart.end() && e.anchor < it->second) return it->second;
       return std::nullopt;
     }
+    case Moment::Kind::Begin:
+      if (e.gameBegan && e.anchor < *e.gameBegan) return *e.gameBegan;
+      return std::nullopt;
     case Moment::Kind::Sound:
     case Moment::Kind::Music:
       if (e.triggered && e.where == Where::Frame) return CurrentPoint();
@@ -68,6 +72,10 @@ void Run(Engine& e, size_t index) {
   const ScriptLine& line = e.lines[index];
   RunCommand(line);
   if (e.recorder) e.recorder->Carry(line);
+  // A game changed by a script keeps those changes in its replay.
+  const Op op = line.command.op;
+  if (e.gameRecorder && (op == Op::Set || op == Op::Field || op == Op::Stamp || op == Op::Next))
+    e.gameRecorder->Carry(line);
 }
 
 // Takes every line whose moment has come: lines of the moment run, acting
@@ -134,6 +142,7 @@ void InstallHooks() {
   h.TakeQueuedPiece = TakeQueuedPiece;
   h.FieldPainter = SetFieldPainter;
   h.FieldStamper = SetFieldStamper;
+  InstallKeptGames();
 }
 
 void Configure(const automation::Options& options) {
@@ -148,10 +157,9 @@ void Configure(const automation::Options& options) {
   if (options.game) e.request = *options.game;
   if (!options.scriptPath.empty()) e.lines = ReadScriptFile(options.scriptPath);
   e.ranEarly.assign(e.lines.size(), false);
-  if (!options.recordPath.empty()) {
-    e.recorder = std::make_unique<Recorder>(options.recordPath);
-    platform::SetDeviceObserver(e.recorder.get());
-  }
+  if (!options.recordPath.empty()) e.recorder = std::make_unique<Recorder>(options.recordPath);
+  e.listener = MakeDeviceListener();
+  platform::SetDeviceObserver(e.listener.get());
 }
 
 void BeforeStartup() {
@@ -187,6 +195,7 @@ void FrameMoment() {
     e.lastFrameScreen = e.screen;
   }
   if (e.recorder) e.recorder->AtFrame(e.frames, e.pollsStarted);
+  if (e.gameRecorder) e.gameRecorder->AtFrame(e.frames, e.pollsStarted);
   Advance(e);
   if (e.options.maxFrames && e.frames >= *e.options.maxFrames) QuitForLimit(e);
   if (e.options.maxTicks && platform::TickMs() >= *e.options.maxTicks) QuitForLimit(e);
@@ -206,6 +215,7 @@ void PollMoment() {
   if (e.nojoystickFirstPoll && e.screen == "nojoystick") e.visitStart["nojoystick"] = CurrentPoint();
   e.nojoystickFirstPoll = false;
   if (e.recorder) e.recorder->AtPoll(e.pollsStarted - 1, e.frames);
+  if (e.gameRecorder) e.gameRecorder->AtPoll(e.pollsStarted - 1, e.frames);
   std::vector<size_t> due;
   due.swap(e.pending);
   for (size_t index : due) Run(e, index);
@@ -281,6 +291,18 @@ bool TakeQueuedPiece(int& kind, int& fuse) {
 
 void SetFieldPainter(std::function<void(int, const std::string&)> painter) { State().painter = std::move(painter); }
 void SetFieldStamper(std::function<void(int, int, int, int, int)> stamper) { State().stamper = std::move(stamper); }
+
+void BeginMoment() {
+  Engine& e = State();
+  // Strictly after whatever moment came before it, a frame's or a poll's.
+  e.gameBegan = Point{e.frames, e.where == Where::Frame ? 0 : 1, e.pollsStarted};
+  // Acting lines of this moment wait for the game's first poll, as they
+  // would after a frame: the game has not set itself up yet.
+  const Where where = e.where;
+  e.where = Where::Frame;
+  Advance(e);
+  e.where = where;
+}
 
 void NoteSeed(uint32_t seed) { State().seed = seed; }
 

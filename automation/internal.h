@@ -14,6 +14,7 @@
 #include "automation/automation.h"
 #include "automation/script.h"
 #include "automation/options.h"
+#include "platform/devices.h"
 
 namespace automation {
 
@@ -51,6 +52,7 @@ struct Engine {
 
   Point anchor;            // the previous line's moment, which the cursor line counts from
   bool triggered = false;  // @sound / @music: the call came
+  std::optional<Point> gameBegan;  // where the last game began (@begin)
 
   std::vector<size_t> pending;  // reached acting lines waiting for a poll
 
@@ -66,6 +68,10 @@ struct Engine {
   std::function<void(int, int, int, int, int)> stamper;
   std::optional<uint32_t> seed;
   std::unique_ptr<Recorder> recorder;
+  // The game being kept for its replay, from its beginning; and the devices'
+  // one listener, which feeds it and the session's recorder.
+  std::unique_ptr<Recorder> gameRecorder;
+  std::unique_ptr<platform::DeviceObserver> listener;
   bool finished = false;
 };
 
@@ -75,6 +81,11 @@ Point CurrentPoint();
 // The game called PlaySoundEffect / PlayMidi (for @sound and @music).
 void SoundCalled(int index);
 void MusicCalled(const std::string& title);
+
+// A game begins: `@begin` lines come due (the engine's part of GameBegins).
+void BeginMoment();
+// The device listener of the run (installed by Configure).
+std::unique_ptr<platform::DeviceObserver> MakeDeviceListener();
 
 // Runs one line's command now (throws core::UsageError for a line that is bad here).
 void RunCommand(const ScriptLine& line);

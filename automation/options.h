@@ -20,6 +20,8 @@ struct Options {
   std::string dumpPath;
   std::string recordPath;
   std::optional<core::GameRequest> game;  // --game: as a script line `0 game ...`
+  std::string replayPath;                 // --replay: a kept game to watch
+  bool listReplays = false;               // --replays
 };
 
 }  // namespace automation

@@ -51,6 +51,21 @@ void CheckOutputFolder(const std::string& path, const char* option) {
 
 Recorder::Recorder(std::string path) : path_(std::move(path)) { CheckOutputFolder(path_, "--record"); }
 
+void Recorder::StartAt(Where where, uint64_t frames, uint64_t pollsStarted) {
+  where_ = where == Where::Start ? Where::Frame : where;
+  frames_ = anchorFrame_ = frames;
+  pollsStarted_ = anchorPoll_ = pollsStarted;
+  poll_ = pollsStarted > 0 ? pollsStarted - 1 : 0;
+  firstPollAfterFrame_ = where_ == Where::Frame;
+}
+
+void Recorder::AssumePad(bool open) { padPlugged_ = padOpen_ = open; }
+
+void Recorder::QuitAtNextFrame() {
+  lines_.push_back("+" + std::to_string(frames_ + 1 - anchorFrame_) + " quit");
+  quitWritten_ = true;
+}
+
 void Recorder::CopyHome() {
   const fs::path home = path_ + ".home";
   std::error_code ec;

@@ -21,6 +21,15 @@ class Recorder final : public platform::DeviceObserver {
  public:
   // The recording's folder must exist (CheckOutputFolder).
   explicit Recorder(std::string path);
+  // One game kept in memory (a high score's replay): its lines count from the
+  // moment the game began, which a replay reaches with `@begin`.
+  Recorder() = default;
+  void StartAt(Where where, uint64_t frames, uint64_t pollsStarted);
+  // A pad already open when the game began: a replay plugs it in at start-up.
+  void AssumePad(bool open);
+  // Ends the lines with a quit at the first frame after the moment now.
+  void QuitAtNextFrame();
+  const std::vector<std::string>& Lines() const { return lines_; }
 
   // Copies the home files beside the recording, as the session finds them.
   void CopyHome();

@@ -162,6 +162,8 @@ class LineParser {
       if (name == "sound") {
         m.kind = Moment::Kind::Sound;
         m.count = Number("the sound index", 0, 200);
+      } else if (name == "begin") {
+        m.kind = Moment::Kind::Begin;
       } else if (name == "music") {
         m.kind = Moment::Kind::Music;
         m.name = Word("the music title");

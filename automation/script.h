@@ -15,6 +15,7 @@ struct Moment {
     Screen,       // @SCREEN (and @nojoystick, a poll moment)
     Sound,        // @sound N
     Music,        // @music TITLE
+    Begin,        // @begin: the next game begins
   };
   Kind kind = Kind::Frames;
   long long count = 0;

@@ -60,5 +60,11 @@ void SetFieldPainter(std::function<void(int row, const std::string& cells)> pain
 void SetFieldStamper(std::function<void(int kind, int rot, int fuse, int col, int row)> stamper) {
   if (Hooks.FieldStamper) Hooks.FieldStamper(std::move(stamper));
 }
+void NoteGameBegins() {
+  if (Hooks.GameBegins) Hooks.GameBegins();
+}
+void NoteResultStored(int variant, int type, int rank) {
+  if (Hooks.ResultStored) Hooks.ResultStored(variant, type, rank);
+}
 
 }  // namespace core

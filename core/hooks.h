@@ -35,6 +35,10 @@ struct HookTable {
   std::function<void(std::function<void(int row, const std::string& cells)>)> FieldPainter;
   // The fuse game offers its stamper of pieces for the `stamp` command.
   std::function<void(std::function<void(int kind, int rot, int fuse, int col, int row)>)> FieldStamper;
+  // A game begins (before it touches anything), and a result was filed at
+  // `rank` of table (variant, type) and saved: a kept game starts and ends there.
+  std::function<void()> GameBegins;
+  std::function<void(int variant, int type, int rank)> ResultStored;
 };
 extern HookTable Hooks;
 
@@ -62,5 +66,7 @@ bool TakeGameRequest(GameRequest& out);
 bool TakeQueuedPiece(int& kind, int& fuse);
 void SetFieldPainter(std::function<void(int row, const std::string& cells)> painter);
 void SetFieldStamper(std::function<void(int kind, int rot, int fuse, int col, int row)> stamper);
+void NoteGameBegins();
+void NoteResultStored(int variant, int type, int rank);
 
 }  // namespace core

@@ -7,6 +7,9 @@ uint64_t state = 0x853C49E6748FEA9Bull;
 
 void Randomize(uint32_t seed) { state = 0x853C49E6748FEA9Bull ^ (uint64_t(seed) * 0x9E3779B97F4A7C15ull); }
 
+uint64_t RandomState() { return state; }
+void SetRandomState(uint64_t s) { state = s; }
+
 double Rnd() {
   // xorshift64*: fast, and the same sequence on every machine.
   state ^= state >> 12;

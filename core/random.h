@@ -6,6 +6,9 @@
 namespace core {
 
 void Randomize(uint32_t seed);
+// The generator's whole state, so a kept game can start again from where it began.
+uint64_t RandomState();
+void SetRandomState(uint64_t state);
 // A number in [0, 1).
 double Rnd();
 // Int(Rnd x n) + k, the way every random choice of the game is written. Int

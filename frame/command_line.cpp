@@ -25,6 +25,8 @@ constexpr const char* kUsage =
     "  --max-ticks MS     quit once the game's clock reaches MS milliseconds\n"
     "  --dump FILE        write the game's state to FILE when the program ends\n"
     "  --record FILE      write the session as a replayable script to FILE\n"
+  "  --replay FILE      watch a game kept with a high score (see --replays)\n"
+  "  --replays          list the games kept with the high scores, and quit\n"
     "  --help             this text\n";
 
 bool ParseUnsigned(const std::string& text, unsigned long long max, unsigned long long& out) {
@@ -147,6 +149,10 @@ bool ParseCommandLine(int argc, char** argv, automation::Options& out, bool& hel
       ok = text(out.dumpPath);
     } else if (arg == "--record") {
       ok = text(out.recordPath);
+    } else if (arg == "--replay") {
+      ok = text(out.replayPath);
+    } else if (arg == "--replays") {
+      ok = flag(out.listReplays);
     } else if (arg.rfind("-", 0) == 0) {
       ok = Complain("unknown option " + arg);
     } else {
@@ -154,7 +160,13 @@ bool ParseCommandLine(int argc, char** argv, automation::Options& out, bool& hel
     }
     if (!ok) return false;
   }
-  if (help) std::fputs(kUsage, stdout);
+  if (help) {
+    std::fputs(kUsage, stdout);
+    return true;
+  }
+  // A replay is its own script and its own game.
+  if (!out.replayPath.empty() && (!out.scriptPath.empty() || out.game || !out.recordPath.empty()))
+    return Complain("--replay plays a kept game as it was; it cannot be combined with --script, --game or --record");
   return true;
 }
 

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <ctime>
 #include <exception>
+#include <cstdlib>
 #include <filesystem>
 
 #include "audio/audio_devices.h"
@@ -14,6 +15,7 @@
 #include "display/bitmap_text.h"
 #include "display/surface.h"
 #include "automation/automation.h"
+#include "automation/kept_games.h"
 #include "frame/catalogue.h"
 #include "frame/credits.h"
 #include "core/errors.h"
@@ -38,6 +40,7 @@
 #include "input/control_mapping.h"
 #include "input/input_devices.h"
 #include "platform/backend.h"
+#include "platform/devices.h"
 
 namespace frame {
 
@@ -71,6 +74,25 @@ std::string DefaultDataFolder(const char* argv0) {
   return (exe.parent_path() / "data").string();
 #endif
 }
+
+// A home folder of its own for a replay, gone when the program ends.
+struct ScratchHome {
+  std::string path;
+  bool Make() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "vorrel-replay-XXXXXX").string();
+    if (!::mkdtemp(pattern.data())) {
+      std::fprintf(stderr, "vorrel: cannot make a scratch folder for the replay in %s\n",
+                   std::filesystem::temp_directory_path().c_str());
+      return false;
+    }
+    path = pattern;
+    return true;
+  }
+  ~ScratchHome() {
+    std::error_code ec;
+    if (!path.empty()) std::filesystem::remove_all(path, ec);
+  }
+};
 
 struct StartupFailure {
   int status;
@@ -157,6 +179,7 @@ void GameMain() {
   if (core::TakeGameRequest(request)) {
     frontend::StartRequestedGame(request);
     if (core::Run.AppRunning) game::BeginGame();
+    automation::GameEnded();
   } else {
     frontend::Introduction();
   }
@@ -165,6 +188,7 @@ void GameMain() {
     frontend::MainMenu();
     if (!core::Run.AppRunning) break;
     game::BeginGame();
+    automation::GameEnded();
   }
 }
 
@@ -205,6 +229,30 @@ int RunProgram(int argc, char** argv) {
   }
   platform::SetDataFolder(data);
   platform::SetHomeFolder(options.homeDir);
+
+  if (options.listReplays) {
+    try {
+      automation::ListReplays();
+      return 0;
+    } catch (const std::exception& e) {
+      std::fprintf(stderr, "vorrel: %s\n", e.what());
+      return 1;
+    }
+  }
+  ScratchHome scratch;
+  if (!options.replayPath.empty()) {
+    std::string error;
+    if (!automation::PrepareReplay(options.replayPath, options, error)) {
+      std::fprintf(stderr, "vorrel: %s\n", error.c_str());
+      return 2;
+    }
+    // Watching a game changes none of the player's files.
+    if (options.homeDir.empty()) {
+      if (!scratch.Make()) return 1;
+      platform::SetHomeFolder(scratch.path);
+    }
+    platform::IgnoreRealDevices(true);
+  }
 
   platform::CatchQuitSignals();
   platform::SetCurrent(options.headless ? platform::MakeHeadlessBackend() : platform::MakeSdlBackend(options.windowed));

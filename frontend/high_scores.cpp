@@ -178,6 +178,7 @@ void NewHighScore() {
   InsertHighScore(Front.HighScores, v, t, rank,
                   HighScoreEntry{Front.EntryName, g.ScoreShown, g.LinesShown, core::Settings.Level});
   WriteHighScoresFile();
+  core::NoteResultStored(v, t, rank);
 }
 
 }  // namespace frontend

@@ -106,6 +106,7 @@ int GarbageRows(double height) {
 }  // namespace
 
 void BeginGame() {
+  core::NoteGameBegins();
   GameState& g = Game;
   core::EnterScreen("play");
   OfferFieldPainter(true);

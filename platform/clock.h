@@ -9,6 +9,9 @@ namespace platform {
 uint64_t ClockUnits();
 void ResetClock();
 void AdvanceClock(uint64_t units);
+// A kept game starts again at the clock it began at: the tick's rounding
+// depends on where the count stands, not only on how far it moves.
+void SetClock(uint64_t units);
 // The millisecond tick the game reads: units / 60, rounded down.
 inline uint32_t TickMs() { return static_cast<uint32_t>(ClockUnits() / 60); }
 

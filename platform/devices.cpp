@@ -1,5 +1,8 @@
 #include "platform/devices.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "core/key_names.h"
 #include "core/variables.h"
 #include "platform/scripted_input.h"
@@ -8,6 +11,7 @@ namespace platform {
 namespace {
 
 DeviceObserver* observer = nullptr;
+bool realIgnored = false;
 
 enum class OpenPad { None, Scripted, Real };
 OpenPad openPad = OpenPad::None;
@@ -23,10 +27,16 @@ int32_t GamePointer(const char* name) {
 }  // namespace
 
 void SetDeviceObserver(DeviceObserver* o) { observer = o; }
+void IgnoreRealDevices(bool ignore) { realIgnored = ignore; }
 
 void ReadKeyboard(uint8_t state[256]) {
   uint8_t real[256] = {};
   Current().ReadKeyboard(real);
+  if (realIgnored) {
+    // Escape or F10 ends a replay, the window's close button too.
+    if (real[1] || real[68]) RequestQuit();
+    std::fill(std::begin(real), std::end(real), uint8_t{0});
+  }
   // Only the keys a script can name: whatever the game sees, a replay can give it.
   for (int k = 0; k < 256; ++k) {
     state[k] = Down(core::KeyName(k) && (real[k] || scripted::KeyIsDown(k)));
@@ -37,6 +47,7 @@ void ReadKeyboard(uint8_t state[256]) {
 void ReadMouse(MouseReading& out, bool forPointer) {
   MouseReading real;
   Current().ReadMouse(real);
+  if (realIgnored) real = MouseReading{};
   int32_t dx = 0, dy = 0;
   scripted::TakeMotion(dx, dy);
   out = MouseReading{};
@@ -53,7 +64,7 @@ void ReadMouse(MouseReading& out, bool forPointer) {
 }
 
 bool JoystickAttached() {
-  bool attached = scripted::PadPlugged() || Current().JoystickAttached();
+  bool attached = scripted::PadPlugged() || (!realIgnored && Current().JoystickAttached());
   if (observer) observer->JoystickProbed(attached);
   return attached;
 }
@@ -64,6 +75,8 @@ bool OpenJoystick() {
   if (scripted::PadPlugged()) {
     scripted::PadOpen();
     openPad = OpenPad::Scripted;
+  } else if (realIgnored) {
+    ok = false;
   } else {
     ok = Current().OpenJoystick();
     openPad = ok ? OpenPad::Real : OpenPad::None;

@@ -30,5 +30,8 @@ class DeviceObserver {
   virtual void JoystickClosed() = 0;
 };
 void SetDeviceObserver(DeviceObserver* observer);
+// While a kept game plays, only its recording moves the game: the player's
+// keys, mouse and pad are not read, but Escape or F10 ends it.
+void IgnoreRealDevices(bool ignore);
 
 }  // namespace platform

@@ -66,6 +66,19 @@ GameRun RunGame(const std::string& dir, const std::string& script, const std::ve
   return run;
 }
 
+GameRun RunVorrel(const std::string& dir, const std::vector<std::string>& args) {
+  GameRun run;
+  std::string outPath = dir + "/stdout.txt", errPath = dir + "/stderr.txt";
+  std::string cmd = Quote(VORREL_BINARY);
+  for (const auto& a : args) cmd += " " + Quote(a);
+  cmd += " 2>" + Quote(errPath) + " >" + Quote(outPath);
+  int rc = std::system(cmd.c_str());
+  run.status = WIFEXITED(rc) ? WEXITSTATUS(rc) : -1;
+  run.stderrText = ReadFile(errPath);
+  run.dumpText = ReadFile(outPath);
+  return run;
+}
+
 std::string DumpValue(const std::string& dump, const std::string& key) {
   std::string needle = "\"" + key + "\":";
   size_t at = dump.find(needle);

@@ -27,6 +27,9 @@ inline constexpr int kMaxFrames = 20000;
 GameRun RunGame(const std::string& dir, const std::string& script, const std::vector<std::string>& args = {},
                 const std::string& data = "");
 
+// Runs `vorrel ARGS...` as given (no options added); stdout in `dumpText`.
+GameRun RunVorrel(const std::string& dir, const std::vector<std::string>& args);
+
 // The test data folder, or "" when it was not built.
 std::string TestData();
 
