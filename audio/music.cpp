@@ -59,6 +59,12 @@ void FillTrackTable() {
   TrackTitles[40] = "Vorrel Theme";
 }
 
+void CheckMusicFiles() {
+  // Entry 0 is the menu's random choice, not a file.
+  for (int i = 1; i <= 50; ++i)
+    if (!TrackTitles[i].empty()) platform::CheckMidiFile(platform::DataPath("\\music\\" + TrackTitles[i] + ".mid"));
+}
+
 double MusicGain(int32_t volume) { return kBaseGain * std::pow(10.0, volume / 2000.0); }
 
 int32_t MusicVolumeFromText(const std::string* text) {

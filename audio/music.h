@@ -22,6 +22,9 @@ extern std::string MusicSegment;
 extern int16_t MusicTempo;
 
 void FillTrackTable();
+// Checks the file of every title as PlayMidi would read it: a missing or
+// damaged one throws core::GameFault naming it.
+void CheckMusicFiles();
 
 // Reads MusicVolume and opens the music device (after the sound device).
 void InitAudio();

@@ -33,6 +33,7 @@
 #include "frontend/game_over.h"
 #include "frontend/intro.h"
 #include "frontend/menu.h"
+#include "frontend/vsys_files.h"
 #include "game/end_hooks.h"
 #include "game/game_over_hook.h"
 #include "frontend/high_scores.h"
@@ -167,6 +168,10 @@ void GameMain() {
   ShowLoadingScreen();
   CreateGraphics();
   CreateSound();
+  // Read only later, by then a game may be under way: a broken one ends the
+  // program here instead, before any play.
+  audio::CheckMusicFiles();
+  frontend::CheckDefaultFiles();
   display::FillSurface(display::Display.Backdrop, display::Display.WholeRect, 0);
   // Introduction, then menu and game until the exit tab or F10. A `game`
   // line at 0 skips the introduction and the first menu.

@@ -18,6 +18,7 @@
 #include <sstream>
 #include <vector>
 
+#include "core/errors.h"
 #include "core/hooks.h"
 #include "platform/paths.h"
 
@@ -321,6 +322,21 @@ void ReadHighScoresFile() {
                 "only the first " + std::to_string(kept) + " of its 35 places are readable; the rest start empty");
   }
   Front.HighScores = table;
+}
+
+void CheckDefaultFiles() {
+  for (const char* name : {kSettingsFile, kHighScoresFile}) {
+    const std::string path = platform::DataPath(name);
+    std::ifstream f(path, std::ios::binary);
+    if (!f) core::Fail(path + ": cannot open");
+    std::stringstream s;
+    s << f.rdbuf();
+    core::MenuSettings settings;
+    HighScoreTable table;
+    const bool whole = name == std::string(kSettingsFile) ? ParseSettings(s.str(), settings) == 0
+                                                          : ParseHighScores(s.str(), table) == 35;
+    if (!whole) core::Fail(path + ": damaged");
+  }
 }
 
 bool WriteSettingsFile() { return SaveHomeFile(kSettingsFile, SettingsText(core::Settings)); }

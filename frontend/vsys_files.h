@@ -30,6 +30,10 @@ int ParseSettings(const std::string& text, core::MenuSettings& out);
 // the rest of the tables is empty. Returns the number of records kept (35: all).
 int ParseHighScores(const std::string& text, HighScoreTable& out);
 
+// The shipped defaults in the data folder's VSys/ must be whole: a missing
+// or damaged one throws core::GameFault naming it.
+void CheckDefaultFiles();
+
 // Read into core::Settings / Front.HighScores from the home folder.
 void ReadSettingsFile();
 void ReadHighScoresFile();

@@ -61,6 +61,12 @@ void CloseMusicDevice() {
 
 bool MusicDeviceAudible() { return synth != nullptr; }
 
+void CheckMidiFile(const std::string& path) {
+  std::vector<uint8_t> bytes;
+  std::string why;
+  if (!ReadMidiFile(path, bytes, why)) core::Fail(path + ": " + why);
+}
+
 void StartMidiFile(const std::string& path, int plays) {
   StopMidiFile();
   std::vector<uint8_t> bytes;

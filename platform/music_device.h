@@ -19,6 +19,8 @@ bool MusicDeviceAudible();
 // times it plays in a row. A missing file or one that is not a sound standard
 // MIDI file throws core::GameFault naming it (the old piece stays stopped).
 void StartMidiFile(const std::string& path, int plays);
+// The same check of a file without playing it.
+void CheckMidiFile(const std::string& path);
 void StopMidiFile();
 // Tempo factor (1.0 normal) and gain: the synth keeps them for every piece.
 void SetMidiTempo(double factor);

@@ -3,11 +3,23 @@
 #include <fluidsynth.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace platform {
 
 std::vector<std::string> DefaultSoundFonts() {
   std::vector<std::string> fonts;
+  // SDL_mixer's variable: the player's list replaces ours, as it does there.
+  if (const char* list = std::getenv("SDL_SOUNDFONTS"); list && *list) {
+    std::string all = list;
+    for (size_t at = 0; at <= all.size();) {
+      size_t end = all.find_first_of(":;", at);
+      if (end == std::string::npos) end = all.size();
+      if (end > at) fonts.push_back(all.substr(at, end - at));
+      at = end + 1;
+    }
+    if (!fonts.empty()) return fonts;
+  }
   // FluidSynth's own default first: where the system or the player put it.
   if (fluid_settings_t* settings = new_fluid_settings()) {
     char* path = nullptr;

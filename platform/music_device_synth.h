@@ -13,8 +13,9 @@ typedef struct _fluid_player_t fluid_player_t;
 
 namespace platform {
 
-// The soundfonts tried in turn: FluidSynth's own default soundfont setting,
-// then the full GM set, the small one and the system's default link.
+// The soundfonts tried in turn: those of SDL_SOUNDFONTS (separated by : or ;)
+// when it is set, otherwise FluidSynth's own default soundfont setting, then
+// the full GM set, the small one and the system's default link.
 std::vector<std::string> DefaultSoundFonts();
 
 // Reads a standard MIDI file whole and checks its structure (header, track

@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -37,34 +38,43 @@ TEST(ProgramFrame, LoadingScreensAndCatalogue) {
   EXPECT_TRUE(fs::file_size(dir + "/f121.png") > 1000);
 }
 
-TEST(ProgramFrame, MissingBitmapEndsInTheCatchAll) {
+// Every data file is checked behind the loading screen, also those read only
+// later (the music, the default tables): a broken one never ends a game.
+TEST(ProgramFrame, AMissingOrDamagedDataFileEndsInTheCatchAllBeforeAnyPlay) {
   NEED_DATA();
   std::string dir = ScratchDir("missing");
   std::string data = dir + "/data";
   // A copy made of links, so one file can go missing cheaply.
   ASSERT_EQ(std::system(("cp -as '" + TestData() + "' '" + data + "'").c_str()), 0);
-  fs::remove(data + "/graphics/bombs.bmp");
-  GameRun run = RunGame(dir, "", {}, data);
-  EXPECT_EQ(run.status, 1);
-  EXPECT_NE(run.stderrText.find("message box: Unexpected Error!!!"), std::string::npos) << run.stderrText;
-  EXPECT_NE(run.stderrText.find("bombs.bmp"), std::string::npos) << "the failing file is named";
-  EXPECT_NE(run.dumpText.find("Unexpected Error!!!"), std::string::npos) << "the dump logs the message";
-
-  // A damaged header is as unreadable as a missing file.
-  std::string bytes = ReadFile(TestData() + "/graphics/bombs.bmp");
-  bytes.replace(14, 4, "\xF5\xFF\xFF\xFF");
-  WriteFile(data + "/graphics/bombs.bmp", bytes);
-  run = RunGame(dir, "", {}, data);
-  EXPECT_EQ(run.status, 1);
-  EXPECT_NE(run.stderrText.find("message box: Unexpected Error!!!"), std::string::npos) << run.stderrText;
-  EXPECT_NE(run.stderrText.find("bombs.bmp"), std::string::npos) << run.stderrText;
-
-  fs::remove(data + "/graphics/bombs.bmp");
-  fs::remove(data + "/sounds/flip.wav");
-  fs::copy_file(TestData() + "/graphics/bombs.bmp", data + "/graphics/bombs.bmp");
-  run = RunGame(dir, "", {}, data);
-  EXPECT_EQ(run.status, 1);
-  EXPECT_NE(run.stderrText.find("flip.wav"), std::string::npos) << run.stderrText;
+  auto cut = [](size_t keep) { return [keep](std::string bytes) { return bytes.substr(0, keep); }; };
+  struct Row {
+    const char* file;
+    std::function<std::string(std::string)> damage;  // none: the file is missing
+  };
+  const Row rows[] = {
+      {"graphics/bombs.bmp", nullptr},
+      {"graphics/bombs.bmp", [](std::string b) { return b.replace(14, 4, "\xF5\xFF\xFF\xFF"); }},
+      {"sounds/flip.wav", nullptr},
+      {"sounds/flip.wav", cut(30)},
+      {"music/Over.mid", nullptr},  // played only when a game is lost
+      {"music/Intro.mid", [](std::string b) { return b.substr(0, b.size() / 2); }},
+      {"VSys/hs.inf", nullptr},  // copied only into a fresh home
+      {"VSys/maindata.inf", cut(7)},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(std::string(row.file) + (row.damage ? " damaged" : " missing"));
+    const std::string path = data + "/" + row.file;
+    const std::string whole = ReadFile(TestData() + "/" + row.file);
+    fs::remove(path);
+    if (row.damage) WriteFile(path, row.damage(whole));
+    GameRun run = RunGame(dir, "", {"--game", "classic", "a", "0", "0", "0"}, data);
+    EXPECT_EQ(run.status, 1);
+    EXPECT_NE(run.stderrText.find("message box: Unexpected Error!!!"), std::string::npos) << run.stderrText;
+    EXPECT_NE(run.stderrText.find(row.file), std::string::npos) << "the failing file is named: " << run.stderrText;
+    EXPECT_NE(run.dumpText.find("Unexpected Error!!!"), std::string::npos) << "the dump logs the message";
+    EXPECT_NE(run.dumpText.find("\"screens\":[[0,\"loading\"]],"), std::string::npos) << "no screen after loading";
+    WriteFile(path, whole);
+  }
 }
 
 TEST(ProgramFrame, BadUsage) {

@@ -223,27 +223,54 @@ TEST(FrontEnd, DamagedFilesAreKeptAsideReadAsFarAsGoodAndWrittenWholeAtTheNextSa
             (std::vector<std::string>{"1", "2", "0", "4", "0", "5", "1", "1", "1", "0"}));
 }
 
+// Every fault point of both files: a failed save keeps the old file and the
+// game goes on (to the menu after the closing sweep, or after the final
+// screen); a process ended there leaves the old file too, the new one beside it.
 TEST(FrontEnd, AFailedSaveKeepsTheOldFileAndTheGameGoesOn) {
   NEED_DATA();
-  const std::string start = "@menu mark\n+" + std::to_string(kRevealFrames) + " mark\n" + Click(680, 250) +
-                            Click(700, 490) + "@sound 142 mark\n+3 quit\n";
-  for (const char* step : {"write", "sync", "rename"}) {
-    SCOPED_TRACE(step);
-    std::string dir = ScratchDir(std::string("fail-") + step);
-    FaultEnv fault(std::string("maindata.inf:") + step + ":1");
-    GameRun run = RunGame(dir, start);
-    ASSERT_EQ(run.status, 0) << run.stderrText;
-    EXPECT_EQ(ReadFile(dir + "/home/VSys/maindata.inf"), Defaults("maindata.inf"));
-    EXPECT_FALSE(fs::exists(dir + "/home/VSys/maindata.inf.tmp"));
-    EXPECT_EQ(Count(run.stderrText, "could not save VSys/maindata.inf"), 1u) << run.stderrText;
-    EXPECT_EQ(DumpValue(run.dumpText, "screen"), "menu") << "the closing sweep runs on";
+  struct Save {
+    const char* file;
+    std::string script;
+    std::vector<std::string> args;
+    std::string written;  // what the save writes
+  };
+  const Save saves[] = {
+      {"maindata.inf",
+       "@menu mark\n+" + std::to_string(kRevealFrames) + " mark\n" + Click(680, 250) + Click(700, 490) +
+           "@sound 142 mark\n+3 quit\n",
+       {},
+       "0\r\n2\r\n0\r\n0\r\n0\r\n5\r\n1\r\n1\r\n1\r\n0\r\n"},
+      {"hs.inf",
+       "@play mark\n+0p set Score 20000\n" + FullField() +
+           "+0 set NextDropTime 0\n@highscore mark\n+300 key tap H\n+2 key tap Return\n@final mark\n"
+           "+400 mouse click 1\n@menu mark\n+3 quit\n",
+       {"--game", "classic", "a", "0", "0", "0", "--max-frames", "3000"},
+       "\"H\"\r\n20000\r\n"},
+  };
+  for (const Save& save : saves) {
+    const std::string home = std::string("/home/VSys/") + save.file;
+    for (const char* step : {"write", "sync", "rename"}) {
+      for (const bool end : {false, true}) {
+        const std::string point = std::string(save.file) + ":" + step + ":1" + (end ? ":end" : "");
+        SCOPED_TRACE(point);
+        std::string dir = ScratchDir(std::string(save.file) + "-" + step + (end ? "-end" : ""));
+        FaultEnv fault(point);
+        GameRun run = RunGame(dir, save.script, save.args);
+        EXPECT_EQ(ReadFile(dir + home), Defaults(save.file)) << "the old file is kept";
+        if (end) {
+          EXPECT_NE(run.status, 0);
+          const std::string tmp = ReadFile(dir + home + ".tmp");
+          if (step == std::string("write"))
+            EXPECT_EQ(tmp, "");
+          else
+            EXPECT_NE(tmp.find(save.written), std::string::npos) << tmp;
+          continue;
+        }
+        ASSERT_EQ(run.status, 0) << run.stderrText;
+        EXPECT_FALSE(fs::exists(dir + home + ".tmp"));
+        EXPECT_EQ(Count(run.stderrText, std::string("could not save VSys/") + save.file), 1u) << run.stderrText;
+        EXPECT_EQ(DumpValue(run.dumpText, "screen"), "menu") << "the game goes on";
+      }
+    }
   }
-  // Ended at the rename: the old file stands, the new one is whole beside it.
-  std::string dir = ScratchDir("end-rename");
-  FaultEnv fault("maindata.inf:rename:1:end");
-  GameRun run = RunGame(dir, start);
-  EXPECT_NE(run.status, 0);
-  EXPECT_EQ(ReadFile(dir + "/home/VSys/maindata.inf"), Defaults("maindata.inf"));
-  EXPECT_EQ(FileLines(dir + "/home/VSys/maindata.inf.tmp"),
-            (std::vector<std::string>{"0", "2", "0", "0", "0", "5", "1", "1", "1", "0"}));
 }

@@ -3,7 +3,6 @@
 #include <SDL2/SDL_image.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <poll.h>
 #include <signal.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -15,23 +14,14 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/virtual_display.h"
+
 namespace {
 
-namespace fs = std::filesystem;
+using testsupport::FindInPath;
+using testsupport::VirtualDisplay;
 
-std::string FindInPath(const std::string& name) {
-  const char* path = std::getenv("PATH");
-  std::string dirs = path ? path : "/usr/bin:/bin";
-  size_t start = 0;
-  while (start <= dirs.size()) {
-    size_t end = dirs.find(':', start);
-    if (end == std::string::npos) end = dirs.size();
-    std::string candidate = dirs.substr(start, end - start) + "/" + name;
-    if (access(candidate.c_str(), X_OK) == 0) return candidate;
-    start = end + 1;
-  }
-  return "";
-}
+namespace fs = std::filesystem;
 
 pid_t Spawn(const std::vector<std::string>& args, const std::vector<std::string>& env, int keepFd,
             const std::string& logPath) {
@@ -74,43 +64,6 @@ std::string ReadAll(const std::string& path) {
   return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
-// A virtual X server on a display it chooses itself (no race for a free one).
-class VirtualDisplay {
- public:
-  bool Start(const std::string& xvfb, const fs::path& dir, std::string& error) {
-    int fds[2];
-    if (pipe(fds) != 0) {
-      error = "pipe failed";
-      return false;
-    }
-    pid_ = Spawn({xvfb, "-displayfd", std::to_string(fds[1]), "-screen", "0", "1280x1024x24", "-nolisten", "tcp"},
-                 {}, fds[1], (dir / "xvfb.log").string());
-    close(fds[1]);
-    std::string number;
-    pollfd p{fds[0], POLLIN, 0};
-    char c;
-    while (poll(&p, 1, 30000) > 0 && read(fds[0], &c, 1) == 1 && c != '\n') number += c;
-    close(fds[0]);
-    if (number.empty()) {
-      error = "Xvfb did not report a display: " + ReadAll((dir / "xvfb.log").string());
-      return false;
-    }
-    display_ = ":" + number;
-    return true;
-  }
-  ~VirtualDisplay() {
-    if (pid_ > 0) {
-      kill(pid_, SIGTERM);
-      Wait(pid_, 10);
-    }
-  }
-  const std::string& Name() const { return display_; }
-
- private:
-  pid_t pid_ = -1;
-  std::string display_;
-};
-
 struct Picture {
   int width = 0, height = 0;
   std::vector<uint8_t> rgb;
@@ -152,7 +105,7 @@ TEST(XvfbSmoke, WindowedRunTakesBothShotsAndEndsInOrder) {
 
   VirtualDisplay display;
   std::string error;
-  ASSERT_TRUE(display.Start(xvfb, dir, error)) << error;
+  ASSERT_TRUE(display.Start(xvfb, dir.string(), error)) << error;
 
   pid_t game = Spawn({VORREL_BINARY, "--windowed", "--data", data, "--home", (dir / "home").string(),
                       "--script", (dir / "shots.txt").string(), "--max-frames", "150", "--seed", "1"},
@@ -199,7 +152,7 @@ TEST(XvfbSmoke, ALiveRecordingReplaysHeadlessToTheSameDump) {
   fs::create_directories(dir / "home");
   VirtualDisplay display;
   std::string error;
-  ASSERT_TRUE(display.Start(xvfb, dir, error)) << error;
+  ASSERT_TRUE(display.Start(xvfb, dir.string(), error)) << error;
   // Live: no seed given, paced to real time; the recording carries the seed.
   pid_t game = Spawn({VORREL_BINARY, "--windowed", "--data", data, "--home", (dir / "home").string(), "--record",
                       (dir / "live.vs").string(), "--dump", (dir / "live.json").string(), "--max-frames", "140"},
