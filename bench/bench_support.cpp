@@ -45,7 +45,7 @@ void NoteFrame() {
   if (frameLimit > 0 && framesSeen >= frameLimit) platform::RequestQuit();
 }
 
-enum class Opened { None, Headless, Window, NoData };
+enum class Opened { None, Headless, Window, NoData, WindowFailed };
 Opened opened = Opened::None;
 
 bool HaveData() { return std::filesystem::is_directory(std::string(VORREL_TEST_DATA) + "/graphics"); }
@@ -83,6 +83,7 @@ bool OpenWindow(std::string& why) {
   if (opened == Opened::Headless) why = "the headless back end is open in this process: run the window benchmarks alone";
   if (opened == Opened::NoData || !HaveData()) why = "no generated data folder";
   if (opened == Opened::None && std::getenv("DISPLAY") == nullptr) why = "no Xvfb, and no DISPLAY";
+  if (opened == Opened::WindowFailed) why = "the window did not open";
   if (!why.empty()) return false;
   opened = Opened::Window;
   // A scratch home: the menu's files are read and written there, never the player's.
@@ -95,7 +96,10 @@ bool OpenWindow(std::string& why) {
   platform::SetCurrent(platform::MakeSdlBackend(true));
   automation::Options none;
   automation::Configure(none);
-  if (!OpenDisplayAndSound(false, why) || !input::InitInput(why)) return false;
+  if (!OpenDisplayAndSound(false, why) || !input::InitInput(why)) {
+    opened = Opened::WindowFailed;
+    return false;
+  }
   audio::InitAudio();
   audio::FillTrackTable();
   game::FillDropDelay();

@@ -95,8 +95,8 @@ std::string Met(Goal g, double v) {
 
 std::string Figure(double v, const char* unit) {
   char text[64];
-  std::snprintf(text, sizeof text, v < 10 ? "%.3f %s" : v < 100 ? "%.2f %s" : "%.1f %s", v, unit);
-  return text;
+  std::snprintf(text, sizeof text, v < 10 ? "%.3f" : v < 100 ? "%.2f" : "%.1f", v);
+  return *unit ? std::string(text) + " " + unit : text;
 }
 
 class TableReporter : public benchmark::BenchmarkReporter {
