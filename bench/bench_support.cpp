@@ -147,6 +147,8 @@ double MedianFrameMs() {
   return sorted[sorted.size() / 2];
 }
 
+long GapsOverMs(double ms) { return std::count_if(gaps.begin(), gaps.end(), [ms](double g) { return g > ms; }); }
+
 double TimedMs() { return std::chrono::duration<double, std::milli>(lastFrame - firstFrame).count(); }
 
 }  // namespace benchsupport

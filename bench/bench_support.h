@@ -26,6 +26,7 @@ double WorstFrameMs();
 long WorstFrame();
 long FramesSeen();
 double MedianFrameMs();
+long GapsOverMs(double ms);
 double TimedMs();  // from the start to the last frame seen
 void ResetFrames();
 

@@ -70,6 +70,7 @@ void BM_WindowPacing(benchmark::State& state) {
   }
   state.counters["median_gap_ms"] = benchsupport::MedianFrameMs();
   state.counters["worst_gap_ms"] = benchsupport::WorstFrameMs();
+  state.counters["gaps_over_two_refreshes"] = static_cast<double>(benchsupport::GapsOverMs(2000.0 / 60.0));
   state.counters["frames_per_second"] = 1000.0 * static_cast<double>(benchsupport::FramesSeen()) / benchsupport::TimedMs();
   state.counters["frames"] = static_cast<double>(benchsupport::FramesSeen());
 }
