@@ -63,6 +63,8 @@ const std::vector<Row>& Rows() {
        "gaps_over_two_refreshes", "of 600", Goal::Zero},
       {"window", "Window pacing: frames shown per second", {{"BM_WindowPacing", ""}}, "frames_per_second", "/s",
        Goal::Rate},
+      {"window", "Window: CPU time of the program per frame (all its threads)", {{"BM_WindowPacing", ""}},
+       "cpu_per_frame_ms", "ms", Goal::Frame},
       {"window", "Peak memory (max RSS), the same run in a window", {{"BM_PeakMemoryWindow", ""}}, "peak_rss_mib",
        "MiB", Goal::None},
   };
