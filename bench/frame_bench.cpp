@@ -87,5 +87,3 @@ void BM_LoadingScreenFrame(benchmark::State& state) {
 BENCHMARK(BM_LoadingScreenFrame)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
-
-BENCHMARK_MAIN();
