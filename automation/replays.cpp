@@ -9,6 +9,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <sstream>
 
 #include "platform/paths.h"
@@ -205,7 +206,7 @@ bool ParseReplay(const std::string& text, Replay& out, std::string& error) {
     error = "not a recording of a game (it does not begin with \"" + std::string(kMagic) + "\")";
     return false;
   }
-  int seen = 0;
+  std::set<std::string> seen;
   bool bodyBegun = false;
   while (std::getline(lines, line)) {
     if (!line.empty() && line.back() == '\r') line.pop_back();
@@ -229,7 +230,8 @@ bool ParseReplay(const std::string& text, Replay& out, std::string& error) {
     if (key == "version") {
       ok = (in >> word) && Decode(word, out.version);
     } else if (key == "data") {
-      ok = static_cast<bool>(in >> out.dataHash);
+      ok = (in >> out.dataHash) && out.dataHash.size() == 16 &&
+           out.dataHash.find_first_not_of("0123456789abcdef") == std::string::npos;
     } else if (key == "table") {
       ok = Number(in, out.variant) && Number(in, out.type) && out.variant >= 0 && out.variant <= 2 && out.type >= 0 &&
            out.type <= 2;
@@ -265,9 +267,9 @@ bool ParseReplay(const std::string& text, Replay& out, std::string& error) {
       error = "its \"" + key + "\" line cannot be read";
       return false;
     }
-    ++seen;
+    seen.insert(key);
   }
-  if (seen < 13) {
+  if (seen.size() < 13) {
     error = "its heading is incomplete";
     return false;
   }

@@ -6,6 +6,8 @@
 #   script    the script parser (parsing only: no line is run)
 #   vsys      the VSys/maindata.inf and VSys/hs.inf readers
 #   settings  the settings store (settings.ini)
+#   replay    the reader of kept games (replays/*.replay), and the script
+#             parser over the same bytes
 #   fuzz/run.sh [RUNS [TARGET...]]   (default 200000, every target; needs clang++)
 # Builds into build-fuzz/ beside the sources; a crash leaves its input there
 # as build-fuzz/TARGET-crash-*, and each target's log is build-fuzz/TARGET.log.
@@ -13,7 +15,7 @@ set -eu
 cd "$(dirname "$0")/.."
 runs=${1:-200000}
 [ $# -gt 0 ] && shift
-targets=${*:-bmp script vsys settings}
+targets=${*:-bmp script vsys settings replay}
 out=build-fuzz
 flags="-std=c++20 -O1 -g -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=undefined -I."
 
@@ -50,6 +52,16 @@ seed_settings() {
     >"$1/settings.ini"
 }
 
+seed_replay() {
+  {
+    printf '# vorrel replay\n# version 1.0\n# data 98c2469ecb61fdf1\n# table 0 1\n# name R%%20D\n'
+    printf '# score 5000\n# lines 3\n# level 2\n# began 2026-11-25%%2007:32:55\n# order 17955919\n'
+    printf '# game 0 1 2 0 0\n# random 11977662631663472002\n# clock 972000\n# pad 1\n'
+    printf '#= Score 5000\n#= Debris 0x1.8p+1 -0x1p-3 0 %%\n#= EntryName ROAD\n0 joy plug\n@begin mark\n'
+    printf '+0 set Score 5000\n+3 key down Left\n+2p joy axis x -1000\n+1 quit\n'
+  } >"$1/kept.replay"
+}
+
 mkdir -p "$out"
 for target in $targets; do
   case $target in
@@ -59,7 +71,9 @@ for target in $targets; do
         core/table.cpp core/variables.cpp core/json_writer.cpp core/hooks.cpp platform/paths.cpp \
         display/surfaces.cpp platform/bmp_file.cpp ;;
     settings) build settings fuzz/settings_fuzz.cpp platform/settings_store.cpp platform/paths.cpp core/hooks.cpp ;;
-    *) echo "run.sh: no fuzz target $target (bmp, script, vsys, settings)" >&2; exit 2 ;;
+    replay) build replay fuzz/replay_fuzz.cpp automation/replays.cpp automation/script.cpp core/key_names.cpp \
+        core/hooks.cpp core/variables.cpp core/json_writer.cpp core/table.cpp platform/paths.cpp ;;
+    *) echo "run.sh: no fuzz target $target (bmp, script, vsys, settings, replay)" >&2; exit 2 ;;
   esac
   corpus="$out/corpus-$target"
   mkdir -p "$corpus"
