@@ -64,6 +64,9 @@ struct Player {
   // Bonus effects and detonations: the kinds drawn this game, in order.
   std::vector<int> drawn;
   int variant = 0, type = 0;
+  bool blastCheck = false;
+  double heightBefore = 0;
+  int levelBefore = 0;
 
   PlayState play;
   bool gameLog = false;

@@ -200,11 +200,14 @@ void OnDraw() {
   if (p.variant == 2 && landed == 13) ++c.wickoryDetonations;
 }
 
-// The bomb's blast is the one sound 0 of Type C played while the bomb is hidden.
+// Sound 0 in Type C is the bomb's blast or a bonus bomb; only the blast
+// raises the height (or, at 20, the level) before its first frame.
 void OnSound(int index) {
   Player& p = ThePlayer();
   if (index != 0 || p.screen != "play" || p.variant == 2 || p.type != 2) return;
-  if (game::Game.HideBomb == 1) ++p.shared->typeCDetonations;
+  p.blastCheck = true;
+  p.heightBefore = core::Settings.StartHeight;
+  p.levelBefore = core::Settings.Level;
 }
 
 long ResidentKiB() {
@@ -219,6 +222,10 @@ void OnFrame() {
   ++p.runFrames;
   Counts& c = *p.shared;
   ++c.frames;
+  if (p.blastCheck) {
+    p.blastCheck = false;
+    if (core::Settings.StartHeight > p.heightBefore || core::Settings.Level > p.levelBefore) ++c.typeCDetonations;
+  }
   const uint64_t at = p.frameBase + p.runFrames;
   if (p.soakFrames >= 4 && at == p.soakFrames / 4) c.rssFirstQuarterKiB = ResidentKiB();
   if (at == p.soakFrames) c.rssLastQuarterKiB = ResidentKiB();
