@@ -7,6 +7,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -61,6 +62,10 @@ int RunProgramOnce(Counts& shared, const Options& o, uint64_t seed, uint64_t fra
   int status = 0;
   struct rusage usage {};
   while (wait4(pid, &status, 0, &usage) < 0) {
+    if (errno != EINTR) {
+      std::perror("soak: wait");
+      return 255;
+    }
   }
   if (usage.ru_maxrss > peakKiB) peakKiB = usage.ru_maxrss;
   ScanReplays(o.home, seen);  // the child counted them; this only remembers them
