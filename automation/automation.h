@@ -59,5 +59,18 @@ void SetFieldStamper(std::function<void(int kind, int rot, int fuse, int col, in
 // command line gave none.
 void NoteSeed(uint32_t seed);
 
+// A program that steers the game from inside the process (the soak): at
+// every poll, after the script's lines due there and before the devices are
+// read, it may feed the scripted input; it also hears of frames, screens,
+// sounds and piece draws. It outlives Configure, so it drives run after run;
+// without one nothing changes.
+struct Driver {
+  std::function<void()> Poll;
+  std::function<void()> Frame;
+  std::function<void(const char* screen)> Screen;
+  std::function<void(int index)> Sound;
+  std::function<void()> Draw;
+};
+void SetDriver(Driver driver);
 
 }  // namespace automation

@@ -56,6 +56,11 @@ std::string Entry(std::initializer_list<std::string> parts) {
 
 std::string Bool(bool v) { return v ? "true" : "false"; }
 
+void Log(std::vector<std::string> Logs::*log, std::string entry) {
+  Engine& e = State();
+  if (e.keepLogs) (e.logs.*log).push_back(std::move(entry));
+}
+
 }  // namespace
 
 std::string DumpText() {
@@ -119,36 +124,38 @@ bool WriteFileAtomically(const std::string& path, const std::string& data, std::
 }
 
 void NoteSound(int index, bool played) {
-  State().logs.sounds.push_back(Entry({Frame(), std::to_string(index), Bool(played)}));
+  Log(&Logs::sounds, Entry({Frame(), std::to_string(index), Bool(played)}));
   SoundCalled(index);
+  if (TheDriver().Sound) TheDriver().Sound(index);
 }
 
-void NoteSoundStop(int index) { State().logs.sounds.push_back(Entry({Frame(), std::to_string(index), "\"stop\""})); }
+void NoteSoundStop(int index) { Log(&Logs::sounds, Entry({Frame(), std::to_string(index), "\"stop\""})); }
 
 void NoteMusicPlay(const std::string& title, bool loop) {
-  State().logs.music.push_back(Entry({Frame(), "\"PlayMidi\"", core::JsonQuote(title), Bool(loop)}));
+  Log(&Logs::music, Entry({Frame(), "\"PlayMidi\"", core::JsonQuote(title), Bool(loop)}));
   MusicCalled(title);
 }
 
-void NoteMusicStop() { State().logs.music.push_back(Entry({Frame(), "\"StopMidi\""})); }
+void NoteMusicStop() { Log(&Logs::music, Entry({Frame(), "\"StopMidi\""})); }
 
 void NoteMusicTempo(int percent) {
-  State().logs.music.push_back(Entry({Frame(), "\"SetMusicTempo\"", std::to_string(percent)}));
+  Log(&Logs::music, Entry({Frame(), "\"SetMusicTempo\"", std::to_string(percent)}));
 }
 
 void NoteDraw(int nextKind, int nextFuse, int chargeCount, bool forced) {
-  State().logs.draws.push_back(Entry(
+  Log(&Logs::draws, Entry(
       {Frame(), std::to_string(nextKind), std::to_string(nextFuse), std::to_string(chargeCount), Bool(forced)}));
+  if (TheDriver().Draw) TheDriver().Draw();
 }
 
 void NoteFile(bool write, const std::string& name) {
-  State().logs.files.push_back(Entry({Frame(), write ? "\"write\"" : "\"read\"", core::JsonQuote(name)}));
+  Log(&Logs::files, Entry({Frame(), write ? "\"write\"" : "\"read\"", core::JsonQuote(name)}));
 }
 
 void NoteMessage(const std::string& title, const std::string& text) {
-  State().logs.messages.push_back(Entry({Frame(), core::JsonQuote(title), core::JsonQuote(text)}));
+  Log(&Logs::messages, Entry({Frame(), core::JsonQuote(title), core::JsonQuote(text)}));
 }
 
-void NoteBeep() { State().logs.beeps.push_back(Entry({Frame(), std::to_string(platform::TickMs())})); }
+void NoteBeep() { Log(&Logs::beeps, Entry({Frame(), std::to_string(platform::TickMs())})); }
 
 }  // namespace automation

@@ -113,6 +113,13 @@ Engine& State() {
   return engine;
 }
 
+Driver& TheDriver() {
+  static Driver driver;
+  return driver;
+}
+
+void SetDriver(Driver driver) { TheDriver() = std::move(driver); }
+
 Point CurrentPoint() {
   const Engine& e = State();
   switch (e.where) {
@@ -157,6 +164,8 @@ void Configure(const automation::Options& options) {
   if (options.game) e.request = *options.game;
   if (!options.scriptPath.empty()) e.lines = ReadScriptFile(options.scriptPath);
   e.ranEarly.assign(e.lines.size(), false);
+  e.keepLogs = !options.dumpPath.empty() ||
+               std::any_of(e.lines.begin(), e.lines.end(), [](const ScriptLine& l) { return l.command.op == Op::Dump; });
   if (!options.recordPath.empty()) e.recorder = std::make_unique<Recorder>(options.recordPath);
   e.listener = MakeDeviceListener();
   platform::SetDeviceObserver(e.listener.get());
@@ -197,6 +206,7 @@ void FrameMoment() {
   if (e.recorder) e.recorder->AtFrame(e.frames, e.pollsStarted);
   if (e.gameRecorder) e.gameRecorder->AtFrame(e.frames, e.pollsStarted);
   Advance(e);
+  if (TheDriver().Frame) TheDriver().Frame();
   if (e.options.maxFrames && e.frames >= *e.options.maxFrames) QuitForLimit(e);
   if (e.options.maxTicks && platform::TickMs() >= *e.options.maxTicks) QuitForLimit(e);
 }
@@ -220,6 +230,7 @@ void PollMoment() {
   due.swap(e.pending);
   for (size_t index : due) Run(e, index);
   Advance(e);
+  if (TheDriver().Poll) TheDriver().Poll();
   if (e.options.maxTicks && platform::TickMs() >= *e.options.maxTicks) QuitForLimit(e);
 }
 
@@ -250,8 +261,9 @@ void EnterScreen(const char* name) {
   Engine& e = State();
   if (e.screen == name) return;
   e.screen = name;
-  e.logs.screens.push_back("[" + std::to_string(e.frames) + "," + core::JsonQuote(name) + "]");
+  if (e.keepLogs) e.logs.screens.push_back("[" + std::to_string(e.frames) + "," + core::JsonQuote(name) + "]");
   if (e.screen == "nojoystick") e.nojoystickFirstPoll = true;
+  if (TheDriver().Screen) TheDriver().Screen(name);
 }
 
 const char* CurrentScreen() { return State().screen.c_str(); }

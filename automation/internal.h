@@ -62,6 +62,9 @@ struct Engine {
   bool nojoystickFirstPoll = false;
 
   Logs logs;
+  // Only a run that can write a dump keeps the logs: a long session without
+  // one would otherwise grow by every sound it plays.
+  bool keepLogs = false;
   std::deque<std::pair<int, int>> pieces;
   std::optional<GameRequest> request;
   std::function<void(int, const std::string&)> painter;
@@ -76,6 +79,8 @@ struct Engine {
 };
 
 Engine& State();
+// The steering driver, kept apart from the engine so that Configure leaves it.
+Driver& TheDriver();
 Point CurrentPoint();
 
 // The game called PlaySoundEffect / PlayMidi (for @sound and @music).

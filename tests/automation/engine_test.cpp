@@ -270,4 +270,39 @@ TEST_F(EngineTest, DumpsHoldCountersVariablesKeysAndLogs) {
   vars::Withdraw("TestStartHeight");
 }
 
+// A session that can write no dump keeps none of the logs, so a long one does
+// not grow by every sound; a driver inside the process hears every moment and
+// outlives Configure.
+TEST_F(EngineTest, NoDumpNoLogsAndTheDriverHearsEveryMoment) {
+  std::vector<std::string> heard;
+  automation::Driver driver;
+  driver.Poll = [&] { heard.push_back("poll"); };
+  driver.Frame = [&] { heard.push_back("frame"); };
+  driver.Screen = [&](const char* name) { heard.push_back(name); };
+  driver.Sound = [&](int index) { heard.push_back("sound " + std::to_string(index)); };
+  driver.Draw = [&] { heard.push_back("draw"); };
+  automation::SetDriver(driver);
+
+  Start("");
+  automation::EnterScreen("menu");
+  Frames(1);
+  automation::PollMoment();
+  automation::NoteDraw(1, 0, 0, false);
+  for (int i = 0; i < 1000; ++i) automation::NoteSound(7, true);
+  const automation::Logs& logs = automation::State().logs;
+  EXPECT_TRUE(logs.sounds.empty());
+  EXPECT_TRUE(logs.screens.empty());
+  EXPECT_TRUE(logs.draws.empty());
+  ASSERT_EQ(heard.size(), 1004u);
+  EXPECT_EQ(std::vector<std::string>(heard.begin(), heard.begin() + 5),
+            (std::vector<std::string>{"menu", "frame", "poll", "draw", "sound 7"}));
+
+  heard.clear();
+  Start("5 dump \"" + (dir_ / "late.json").string() + "\"\n");
+  automation::NoteSound(7, true);
+  EXPECT_EQ(automation::State().logs.sounds.size(), 1u);
+  EXPECT_EQ(heard, std::vector<std::string>{"sound 7"});
+  automation::SetDriver({});
+}
+
 }  // namespace
