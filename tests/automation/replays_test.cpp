@@ -131,7 +131,7 @@ TEST(KeptReplays, AHighScoreKeepsItsGameAndTheGameReplaysToTheSameEnd) {
 automation::Replay KeptFor(int variant, int type, const frontend::HighScoreEntry& e, uint64_t order) {
   automation::Replay r;
   r.version = "1";
-  r.dataHash = "0";
+  r.dataHash = "0000000000000000";
   r.variant = variant;
   r.type = type;
   r.name = e.Name;
