@@ -112,6 +112,7 @@ Counts Run(const Options& o) {
     if (shared->frames == before) break;
   }
   shared->peakRssKiB = peakKiB;
+  CheckReplays(o, *shared);
   Counts result = *shared;
   munmap(memory, sizeof(Counts));
   return result;
@@ -138,7 +139,7 @@ std::string Describe(const Counts& c) {
   out << "\n";
   out << "detonations  Type C " << c.typeCDetonations << "  Wickory " << c.wickoryDetonations << "\n";
   out << "high scores  name entries " << c.nameEntries << "  stored " << c.highScores << "  replays written "
-      << c.replaysWritten << "\n";
+      << c.replaysWritten << "  kept " << c.replaysWatched << "  replayed to their result " << c.replaysMatched << "\n";
   return out.str();
 }
 

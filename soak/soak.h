@@ -28,6 +28,8 @@ struct Counts {
   int nameEntries = 0;     // high-score name entries reached
   int highScores = 0;      // names entered and stored
   int replaysWritten = 0;  // files that appeared in HOME/replays/
+  int replaysWatched = 0;  // kept at the end, and watched again
+  int replaysMatched = 0;  // ...that ended with their result in its place
   long peakRssKiB = 0;     // the largest run's peak resident size
   // One run over the whole soak (Options::runFrames = frames): resident size
   // at the end of the first and of the last quarter.
@@ -50,6 +52,9 @@ struct Options {
 // Runs program after program (each in its own process, as a player starts
 // it again) until the frames are spent.
 Counts Run(const Options& options);
+
+// Watches every kept game again (CheckReplays) once the runs are over.
+void CheckReplays(const Options& options, Counts& counts);
 
 // The coverage as lines of text (no memory figures: those vary from run to run).
 std::string Describe(const Counts& counts);

@@ -54,6 +54,10 @@ TEST(Soak, ShortSoakPlaysFromTheMenuAndStartsTheProgramAgainWithoutAFault) {
   for (const auto& v : c.games) variants += (v[0] + v[1] + v[2]) > 0 ? 1 : 0;
   EXPECT_GE(variants, 2);
 
+  // Every game kept with a high score plays again to its result.
+  EXPECT_GE(c.replaysWatched, 1);
+  EXPECT_EQ(c.replaysMatched, c.replaysWatched);
+
   // The tables the runs shared are whole: 35 places of four lines.
   std::istringstream table(ReadFile(o.home + "/VSys/hs.inf"));
   int lines = 0;
