@@ -209,7 +209,7 @@ bool ParseReplay(const std::string& text, Replay& out, std::string& error) {
   std::set<std::string> seen;
   bool bodyBegun = false;
   while (std::getline(lines, line)) {
-    if (!line.empty() && line.back() == '\r') line.pop_back();
+    while (!line.empty() && line.back() == '\r') line.pop_back();
     if (line.rfind("#", 0) != 0) {
       if (!line.empty()) {
         bodyBegun = bodyBegun || line.rfind("@begin", 0) == 0;
