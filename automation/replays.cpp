@@ -75,20 +75,34 @@ bool Unsigned(std::istringstream& in, uint64_t& out) {
   return errno == 0;
 }
 
-// 64-bit FNV-1a over eight bytes at a time: the same on every machine.
-struct Hasher {
-  uint64_t h = 0xcbf29ce484222325ull;
-  void Word(uint64_t w) { h = (h ^ w) * 0x100000001b3ull; }
+// 64-bit FNV-1a over eight bytes at a time (little-endian words), then the
+// length: the same on every machine, however the bytes arrive.
+class Hasher {
+ public:
   void Bytes(const char* p, size_t n) {
-    size_t i = 0;
-    for (; i + 8 <= n; i += 8) {
-      uint64_t w = 0;
-      for (int b = 0; b < 8; ++b) w |= uint64_t(static_cast<unsigned char>(p[i + b])) << (8 * b);
-      Word(w);
+    for (size_t i = 0; i < n; ++i) {
+      word_ |= uint64_t(static_cast<unsigned char>(p[i])) << (8 * filled_);
+      if (++filled_ == 8) Flush();
     }
-    for (; i < n; ++i) Word(static_cast<unsigned char>(p[i]));
-    Word(n);
+    length_ += n;
   }
+  // Ends one item (a name, a file) so that the next cannot run into it.
+  void End() {
+    if (filled_ > 0) Flush();
+    Mix(length_);
+    length_ = 0;
+  }
+  uint64_t Value() const { return h_; }
+
+ private:
+  void Mix(uint64_t w) { h_ = (h_ ^ w) * 0x100000001b3ull; }
+  void Flush() {
+    Mix(word_);
+    word_ = 0;
+    filled_ = 0;
+  }
+  uint64_t h_ = 0xcbf29ce484222325ull, word_ = 0, length_ = 0;
+  int filled_ = 0;
 };
 
 bool WriteSynced(const std::string& path, const std::string& text, std::string& why) {
@@ -150,15 +164,20 @@ std::string DataHash() {
   }
   std::sort(files.begin(), files.end());
   Hasher h;
-  std::vector<char> buffer;
+  // A small buffer: the data folder is tens of megabytes.
+  std::vector<char> buffer(1 << 16);
   for (const std::string& rel : files) {
     h.Bytes(rel.data(), rel.size());
+    h.End();
     std::ifstream in(fs::path(folder) / rel, std::ios::binary);
-    buffer.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-    h.Bytes(buffer.data(), buffer.size());
+    while (in) {
+      in.read(buffer.data(), static_cast<std::streamsize>(buffer.size()));
+      h.Bytes(buffer.data(), static_cast<size_t>(in.gcount()));
+    }
+    h.End();
   }
   char text[17];
-  std::snprintf(text, sizeof text, "%016llx", static_cast<unsigned long long>(h.h));
+  std::snprintf(text, sizeof text, "%016llx", static_cast<unsigned long long>(h.Value()));
   cachedFor = folder;
   return cached = text;
 }
@@ -198,7 +217,7 @@ std::string ReplayText(const Replay& r) {
   return out.str();
 }
 
-bool ParseReplay(const std::string& text, Replay& out, std::string& error) {
+bool ParseReplay(const std::string& text, Replay& out, std::string& error, bool headingOnly) {
   out = Replay{};
   std::istringstream lines(text);
   std::string line;
@@ -214,6 +233,7 @@ bool ParseReplay(const std::string& text, Replay& out, std::string& error) {
       if (!line.empty()) {
         bodyBegun = bodyBegun || line.rfind("@begin", 0) == 0;
         if (bodyBegun) out.body.push_back(line);
+        if (bodyBegun && headingOnly) break;
       }
       continue;
     }
@@ -222,6 +242,7 @@ bool ParseReplay(const std::string& text, Replay& out, std::string& error) {
     in >> key;
     bool ok = true;
     if (line.rfind("#=", 0) == 0) {
+      if (headingOnly) continue;
       SavedVariable v{key, {}};
       while (in >> word) v.values.push_back(word);
       out.variables.push_back(std::move(v));
@@ -280,7 +301,7 @@ bool ParseReplay(const std::string& text, Replay& out, std::string& error) {
   return true;
 }
 
-bool ReadReplay(const std::string& path, Replay& out, std::string& error) {
+bool ReadReplay(const std::string& path, Replay& out, std::string& error, bool headingOnly) {
   std::error_code ec;
   if (fs::is_directory(path, ec)) {
     error = "is a folder";
@@ -293,7 +314,7 @@ bool ReadReplay(const std::string& path, Replay& out, std::string& error) {
   }
   std::ostringstream text;
   text << in.rdbuf();
-  if (!ParseReplay(text.str(), out, error)) return false;
+  if (!ParseReplay(text.str(), out, error, headingOnly)) return false;
   out.path = path;
   return true;
 }
@@ -348,7 +369,7 @@ std::vector<Replay> ReadReplayFolder(const std::string& folder, std::vector<std:
   for (const fs::path& p : paths) {
     Replay r;
     std::string error;
-    if (ReadReplay(p.string(), r, error)) {
+    if (ReadReplay(p.string(), r, error, true)) {
       out.push_back(std::move(r));
     } else if (unreadable) {
       std::fprintf(stderr, "vorrel: %s: %s\n", p.c_str(), error.c_str());

@@ -46,9 +46,10 @@ std::string GameVersion();
 std::string DataHash();
 
 std::string ReplayText(const Replay& r);
-// False with a message when the text is not a recording.
-bool ParseReplay(const std::string& text, Replay& out, std::string& error);
-bool ReadReplay(const std::string& path, Replay& out, std::string& error);
+// False with a message when the text is not a recording. headingOnly: the
+// saved variables and the lines after `@begin` are skipped (listing, matching).
+bool ParseReplay(const std::string& text, Replay& out, std::string& error, bool headingOnly = false);
+bool ReadReplay(const std::string& path, Replay& out, std::string& error, bool headingOnly = false);
 // Empty when r was made by this version on this data; else what differs.
 std::string ReplayMismatch(const Replay& r);
 
@@ -71,8 +72,8 @@ struct TableReplays {
 };
 TableReplays MatchReplays(int variant, int type, const TablePlaces& places, const std::vector<Replay>& kept);
 
-// Every readable recording in folder (unreadable ones are reported and go to
-// `unreadable`).
+// The heading of every readable recording in folder (unreadable ones are
+// reported and go to `unreadable`).
 std::vector<Replay> ReadReplayFolder(const std::string& folder, std::vector<std::string>* unreadable);
 
 // Writes r into folder under a fresh name (through NAME.tmp, synced and

@@ -161,7 +161,7 @@ class TableReporter : public benchmark::BenchmarkReporter {
     std::printf("| %s | %s | %s | %s |\n", label.c_str(), figure.c_str(), goal.c_str(), met.c_str());
   }
 
-  // The soak's benchmarks are its own: every counter that speaks of growth.
+  // The soak's benchmark: the resident size of one long run, by quarters.
   void FinalizeSoak() {
     bool any = false;
     for (const auto& [name, run] : runs_) {
@@ -170,11 +170,17 @@ class TableReporter : public benchmark::BenchmarkReporter {
         any = true;
         continue;
       }
-      for (const auto& [counter, value] : run.counters) {
-        if (counter.find("growth") == std::string::npos) continue;
-        Print("Soak memory growth, first to last quarter: " + counter, Figure(value.value, ""), "no goal", "");
-        any = true;
-      }
+      auto counter = [&](const char* key) {
+        auto it = run.counters.find(key);
+        return it == run.counters.end() ? 0.0 : it->second.value;
+      };
+      const std::string frames = std::to_string(static_cast<long long>(counter("frames")));
+      char figure[160];
+      std::snprintf(figure, sizeof figure, "%+.0f KiB (%.0f to %.0f KiB), %.1f KiB per 1000 frames", counter("growth_KiB"),
+                    counter("rss_q1_KiB"), counter("rss_q4_KiB"), counter("KiB_per_1000_frames"));
+      Print("Soak memory growth, one run of " + frames + " frames, end of first to end of last quarter", figure,
+            "no goal", "");
+      any = true;
     }
     if (!any) Print("Soak memory growth, first to last quarter", "not measured", "no goal", "");
   }

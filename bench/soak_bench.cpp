@@ -41,6 +41,7 @@ void BM_SoakMemoryGrowth(benchmark::State& state) {
   state.counters["rss_q1_KiB"] = static_cast<double>(c.rssFirstQuarterKiB);
   state.counters["rss_q4_KiB"] = static_cast<double>(c.rssLastQuarterKiB);
   state.counters["growth_KiB"] = growth;
+  state.counters["frames"] = static_cast<double>(frames);
   state.counters["KiB_per_1000_frames"] = growth / (0.75 * static_cast<double>(frames) / 1000.0);
   if (c.cleanRuns != c.runs) state.SkipWithError("a run did not end cleanly");
 }
