@@ -1,18 +1,16 @@
 #include "automation/replays.h"
 
-#include <fcntl.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <set>
 #include <sstream>
 
 #include "platform/paths.h"
+#include "platform/whole_file.h"
 
 #ifndef VORREL_VERSION
 #define VORREL_VERSION "unknown"
@@ -104,38 +102,6 @@ class Hasher {
   uint64_t h_ = 0xcbf29ce484222325ull, word_ = 0, length_ = 0;
   int filled_ = 0;
 };
-
-bool WriteSynced(const std::string& path, const std::string& text, std::string& why) {
-  const std::string tmp = path + ".tmp";
-  int fd = ::open(tmp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
-  if (fd < 0) {
-    why = "cannot create " + tmp + ": " + std::strerror(errno);
-    return false;
-  }
-  size_t done = 0;
-  while (done < text.size()) {
-    ssize_t n = ::write(fd, text.data() + done, text.size() - done);
-    if (n < 0 && errno == EINTR) continue;
-    if (n <= 0) {
-      why = std::string("write: ") + std::strerror(n < 0 ? errno : ENOSPC);
-      break;
-    }
-    done += static_cast<size_t>(n);
-  }
-  if (why.empty() && ::fsync(fd) != 0) why = std::string("sync: ") + std::strerror(errno);
-  if (::close(fd) != 0 && why.empty()) why = std::string("close: ") + std::strerror(errno);
-  if (why.empty() && ::rename(tmp.c_str(), path.c_str()) != 0) why = std::string("rename: ") + std::strerror(errno);
-  if (!why.empty()) {
-    ::unlink(tmp.c_str());
-    return false;
-  }
-  int dir = ::open(fs::path(path).parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (dir >= 0) {
-    ::fsync(dir);
-    ::close(dir);
-  }
-  return true;
-}
 
 bool SameEntry(const Replay& r, const TablePlace& p) {
   return r.name == p.name && r.score == p.score && r.lines == p.lines && r.level == p.level;
@@ -392,7 +358,7 @@ bool KeepReplay(const std::string& folder, const Replay& r) {
   std::string path = base + kReplayExtension;
   for (int n = 2; fs::exists(path, ec); ++n) path = base + "-" + std::to_string(n) + kReplayExtension;
   std::string why;
-  if (!ec && WriteSynced(path, ReplayText(r), why)) return true;
+  if (!ec && platform::WriteWholeFile(path, ReplayText(r), why)) return true;
   std::fprintf(stderr, "vorrel: could not keep the replay of this game in %s (%s); the game goes on\n",
                folder.c_str(), why.empty() ? ec.message().c_str() : why.c_str());
   return false;

@@ -21,6 +21,7 @@
 #include "core/errors.h"
 #include "core/hooks.h"
 #include "platform/paths.h"
+#include "platform/whole_file.h"
 
 namespace fs = std::filesystem;
 
@@ -356,48 +357,9 @@ namespace {
 
 bool SaveFile(const std::string& name, const std::string& path, const std::string& text) {
   std::string why = path.empty() ? "its folder cannot be made" : "";
-  std::string tmp;
   if (why.empty()) {
     core::NoteFile(true, name);
-    tmp = path + ".tmp";
-    int fd = ::open(tmp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
-    if (fd < 0) {
-      why = std::string("cannot create ") + name + ".tmp: " + std::strerror(errno);
-    } else {
-      size_t done = 0;
-      if (FaultHere(name, "write")) {
-        why = "write: fault point";
-      } else {
-        while (done < text.size()) {
-          ssize_t n = ::write(fd, text.data() + done, text.size() - done);
-          if (n < 0 && errno == EINTR) continue;
-          if (n <= 0) {
-            why = std::string("write: ") + std::strerror(n < 0 ? errno : ENOSPC);
-            break;
-          }
-          done += static_cast<size_t>(n);
-        }
-      }
-      if (why.empty() && FaultHere(name, "sync")) why = "sync: fault point";
-      if (why.empty() && ::fsync(fd) != 0) why = std::string("sync: ") + std::strerror(errno);
-      if (::close(fd) != 0 && why.empty()) why = std::string("close: ") + std::strerror(errno);
-      if (why.empty()) {
-        errno = 0;
-        if (FaultHere(name, "rename")) {
-          why = "rename: fault point";
-        } else if (::rename(tmp.c_str(), path.c_str()) != 0) {
-          why = std::string("rename: ") + std::strerror(errno);
-        } else {
-          // The rename itself reaches the disk with the folder.
-          int dir = ::open(fs::path(path).parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-          if (dir >= 0) {
-            ::fsync(dir);
-            ::close(dir);
-          }
-        }
-      }
-      if (!why.empty()) ::unlink(tmp.c_str());
-    }
+    platform::WriteWholeFile(path, text, why, [&](const char* step) { return FaultHere(name, step); });
   }
   if (why.empty()) {
     reportedFailure[name] = false;

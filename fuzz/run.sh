@@ -68,11 +68,11 @@ for target in $targets; do
     bmp) build bmp fuzz/bmp_fuzz.cpp platform/bmp_file.cpp ;;
     script) build script fuzz/script_fuzz.cpp automation/script.cpp core/key_names.cpp core/hooks.cpp ;;
     vsys) build vsys fuzz/vsys_fuzz.cpp frontend/vsys_files.cpp frontend/front_state.cpp core/settings.cpp \
-        core/table.cpp core/variables.cpp core/json_writer.cpp core/hooks.cpp platform/paths.cpp \
+        core/table.cpp core/variables.cpp core/json_writer.cpp core/hooks.cpp platform/paths.cpp platform/whole_file.cpp \
         display/surfaces.cpp platform/bmp_file.cpp ;;
     settings) build settings fuzz/settings_fuzz.cpp platform/settings_store.cpp platform/paths.cpp core/hooks.cpp ;;
     replay) build replay fuzz/replay_fuzz.cpp automation/replays.cpp automation/script.cpp core/key_names.cpp \
-        core/hooks.cpp core/variables.cpp core/json_writer.cpp core/table.cpp platform/paths.cpp ;;
+        core/hooks.cpp core/variables.cpp core/json_writer.cpp core/table.cpp platform/paths.cpp platform/whole_file.cpp ;;
     *) echo "run.sh: no fuzz target $target (bmp, script, vsys, settings, replay)" >&2; exit 2 ;;
   esac
   corpus="$out/corpus-$target"
