@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <ctime>
 #include <filesystem>
+#include <future>
 #include <optional>
 
 #include "automation/internal.h"
@@ -30,6 +31,7 @@ struct KeptGames {
   bool padOpen = false;
 };
 KeptGames Kept;
+std::future<std::string> dataHashSoon;
 
 // Values of the machine and the installation rather than of the game.
 bool Environmental(const std::string& name) {
@@ -187,7 +189,7 @@ void ResultStored(int v, int t, int rank) {
   Replay& r = Kept.current;
   const frontend::HighScoreEntry& h = frontend::Front.HighScores[v][t][rank];
   r.version = GameVersion();
-  r.dataHash = DataHash();
+  r.dataHash = dataHashSoon.valid() ? dataHashSoon.get() : DataHash();
   r.variant = v;
   r.type = t;
   r.name = h.Name;
@@ -255,6 +257,10 @@ std::unique_ptr<platform::DeviceObserver> MakeDeviceListener() {
 void InstallKeptGames() {
   core::Hooks.GameBegins = GameBegins;
   core::Hooks.ResultStored = ResultStored;
+}
+
+void HashDataSoon() {
+  if (!dataHashSoon.valid()) dataHashSoon = std::async(std::launch::async, [] { return DataHash(); });
 }
 
 void GameEnded() { State().gameRecorder.reset(); }

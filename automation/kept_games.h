@@ -10,6 +10,9 @@ namespace automation {
 
 // Fills the GameBegins and ResultStored hooks (part of InstallHooks).
 void InstallKeptGames();
+// Hashes the data folder on a thread of its own, so that the first kept
+// game of a session in a window does not stall a frame for it.
+void HashDataSoon();
 // The game that began is over: its recording, unless kept, is dropped.
 void GameEnded();
 
