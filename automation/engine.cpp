@@ -168,7 +168,6 @@ void Configure(const automation::Options& options) {
                std::any_of(e.lines.begin(), e.lines.end(), [](const ScriptLine& l) { return l.command.op == Op::Dump; });
   if (!options.recordPath.empty()) e.recorder = std::make_unique<Recorder>(options.recordPath);
   e.listener = MakeDeviceListener();
-  if (!options.headless && !Replaying()) HashDataSoon();
   platform::SetDeviceObserver(e.listener.get());
 }
 

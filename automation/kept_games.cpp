@@ -215,35 +215,34 @@ void ResultStored(int v, int t, int rank) {
 class Listener final : public platform::DeviceObserver {
  public:
   void KeyboardRead(const uint8_t state[256]) override {
-    for (Recorder* r : Targets()) r->KeyboardRead(state);
+    ForEach([&](Recorder& r) { r.KeyboardRead(state); });
   }
   void MouseRead(const platform::MouseReading& reading) override {
-    for (Recorder* r : Targets()) r->MouseRead(reading);
+    ForEach([&](Recorder& r) { r.MouseRead(reading); });
   }
   void JoystickProbed(bool attached) override {
     if (!attached) Kept.padOpen = false;
-    for (Recorder* r : Targets()) r->JoystickProbed(attached);
+    ForEach([&](Recorder& r) { r.JoystickProbed(attached); });
   }
   void JoystickOpened(bool opened) override {
     Kept.padOpen = opened;
-    for (Recorder* r : Targets()) r->JoystickOpened(opened);
+    ForEach([&](Recorder& r) { r.JoystickOpened(opened); });
   }
   void JoystickRead(bool ok, const platform::JoystickReading& reading) override {
     if (!ok) Kept.padOpen = false;
-    for (Recorder* r : Targets()) r->JoystickRead(ok, reading);
+    ForEach([&](Recorder& r) { r.JoystickRead(ok, reading); });
   }
   void JoystickClosed() override {
     Kept.padOpen = false;
-    for (Recorder* r : Targets()) r->JoystickClosed();
+    ForEach([&](Recorder& r) { r.JoystickClosed(); });
   }
 
  private:
-  static std::vector<Recorder*> Targets() {
-    std::vector<Recorder*> out;
+  template <class F>
+  static void ForEach(F&& f) {
     Engine& e = State();
-    if (e.recorder) out.push_back(e.recorder.get());
-    if (e.gameRecorder) out.push_back(e.gameRecorder.get());
-    return out;
+    if (e.recorder) f(*e.recorder);
+    if (e.gameRecorder) f(*e.gameRecorder);
   }
 };
 
@@ -260,7 +259,7 @@ void InstallKeptGames() {
 }
 
 void HashDataSoon() {
-  if (!dataHashSoon.valid()) dataHashSoon = std::async(std::launch::async, [] { return DataHash(); });
+  if (!Kept.playing && !dataHashSoon.valid()) dataHashSoon = std::async(std::launch::async, [] { return DataHash(); });
 }
 
 void GameEnded() { State().gameRecorder.reset(); }

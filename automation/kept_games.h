@@ -11,7 +11,8 @@ namespace automation {
 // Fills the GameBegins and ResultStored hooks (part of InstallHooks).
 void InstallKeptGames();
 // Hashes the data folder on a thread of its own, so that the first kept
-// game of a session in a window does not stall a frame for it.
+// game of a paced session does not stall a frame for it (not while a
+// recording plays: nothing is kept then).
 void HashDataSoon();
 // The game that began is over: its recording, unless kept, is dropped.
 void GameEnded();

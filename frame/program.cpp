@@ -268,6 +268,7 @@ int RunProgram(int argc, char** argv) {
     return 2;
   }
   ExposeProgramState();
+  if (platform::Current().PacedToRealTime()) automation::HashDataSoon();
 
   try {
     automation::BeforeStartup();

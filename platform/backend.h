@@ -42,6 +42,8 @@ class Backend {
   // Pacing: a real window sleeps until real time has caught up with the
   // game clock (ms since start, fractional); headless returns at once.
   virtual void PaceTo(double clockMs) = 0;
+  // True when PaceTo waits for real time: there is time to spare between frames.
+  virtual bool PacedToRealTime() const { return false; }
   // A frame was presented (not called for the idle passes): presses made
   // while the game read no device since the frame before are dropped now.
   virtual void FramePresented() {}

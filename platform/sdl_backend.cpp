@@ -78,6 +78,8 @@ class SdlBackend final : public Backend {
     while (NowMs() < until) std::this_thread::yield();
   }
 
+  bool PacedToRealTime() const override { return true; }
+
   void PumpEvents() override { Drain(); }
 
   void FramePresented() override {
