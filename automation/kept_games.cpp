@@ -1,7 +1,6 @@
 #include "automation/kept_games.h"
 
 #include <chrono>
-#include <cmath>
 #include <cstdio>
 #include <ctime>
 #include <filesystem>
